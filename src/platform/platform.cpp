@@ -13,6 +13,8 @@ Platform& Platform::shared() {
     return *installed;
 }
 
-void Platform::install(Platform& platform) { installed = &platform; }
+void Platform::install(Platform& platform) {
+    installed = &platform;
+}
 
 } // namespace dwellkey

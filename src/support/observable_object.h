@@ -29,8 +29,7 @@ protected:
 template <typename Value>
 class Published {
 public:
-    Published(ObservableObject& owner, Value initial)
-        : owner_(owner), value_(std::move(initial)) {}
+    Published(ObservableObject& owner, Value initial) : owner_(owner), value_(std::move(initial)) {}
     Published(const Published&) = delete;
     Published& operator=(const Published&) = delete;
     ~Published() = default;

@@ -8,15 +8,20 @@
 namespace dwellkey {
 namespace {
 
-bool isAlpha(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isAlpha(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 bool isSchemeCharacter(char c) {
     return isAlpha(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
 }
 
 bool isUnreservedInPath(char c) {
-    return isAlpha(c) || isDigit(c) || std::string_view("-._~/!$&'()*+,;=:@").find(c) != std::string_view::npos;
+    return isAlpha(c) || isDigit(c)
+           || std::string_view("-._~/!$&'()*+,;=:@").find(c) != std::string_view::npos;
 }
 
 int hexValue(char c) {
@@ -45,7 +50,9 @@ std::string unescaped(std::string_view text) {
     return result;
 }
 
-std::string_view schemeOf(std::string_view text) { return text.substr(0, text.find(':')); }
+std::string_view schemeOf(std::string_view text) {
+    return text.substr(0, text.find(':'));
+}
 
 /// Past the scheme and, where there is one, the authority, without query and fragment.
 std::string_view escapedPath(std::string_view text) {
@@ -90,7 +97,9 @@ Url Url::fromPath(std::string_view absolutePath) {
     return Url(std::move(text));
 }
 
-std::string Url::path() const { return unescaped(escapedPath(text_)); }
+std::string Url::path() const {
+    return unescaped(escapedPath(text_));
+}
 
 std::string Url::lastPathComponent() const {
     std::string_view path = escapedPath(text_);

@@ -13,8 +13,8 @@ Uuid Uuid::random() {
         return std::mt19937_64(seed);
     }();
     Uuid uuid;
-    uuid.bits_[0] = (generator() & ~0xf000ULL) | 0x4000ULL;             // version 4
-    uuid.bits_[1] = (generator() & ~(3ULL << 62U)) | (2ULL << 62U);     // RFC 4122 variant
+    uuid.bits_[0] = (generator() & ~0xf000ULL) | 0x4000ULL;         // version 4
+    uuid.bits_[1] = (generator() & ~(3ULL << 62U)) | (2ULL << 62U); // RFC 4122 variant
     return uuid;
 }
 
