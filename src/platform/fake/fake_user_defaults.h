@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// A settings store in memory. std only.
+#pragma once
+
+#include "platform/user_defaults.h"
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace dwellkey {
+
+class FakeUserDefaults final : public UserDefaults {
+public:
+    [[nodiscard]] const DefaultsValue* find(std::string_view key) const override;
+    void set(std::string_view key, DefaultsValue value) override;
+    void remove(std::string_view key) override;
+    [[nodiscard]] Subscription observe(std::string_view key,
+                                       std::function<void()> changed) override;
+    void synchronize() override { ++synchronizeCount; }
+
+    /// How often `set` was called for the key, with whatever value.
+    [[nodiscard]] std::size_t writeCount(std::string_view key) const;
+    [[nodiscard]] std::size_t keyCount() const { return values_.size(); }
+
+    /// An edit by another program: observers see it, the write count does not.
+    void setFromOutside(std::string_view key, DefaultsValue value);
+
+    int synchronizeCount = 0;
+
+private:
+    void notify(std::string_view key) const;
+
+    std::map<std::string, DefaultsValue, std::less<>> values_;
+    std::map<std::string, std::size_t, std::less<>> writes_;
+    std::map<std::string, Signal<>, std::less<>> observers_;
+};
+
+} // namespace dwellkey
