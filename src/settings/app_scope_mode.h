@@ -23,7 +23,7 @@ constexpr std::string_view rawValue(AppScopeMode mode) {
 }
 
 /// Only the exact texts of `rawValue` name a mode.
-std::optional<AppScopeMode> appScopeMode(std::string_view rawValue);
+std::optional<AppScopeMode> appScopeMode(std::string_view text);
 
 /// Whether an application is guarded. Listed is listed, even when it is missing on disk; a record
 /// without an identifier never matches. Allocates nothing.

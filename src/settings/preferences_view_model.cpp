@@ -161,7 +161,7 @@ double PreferencesViewModel::delaySliderValue() const {
 
 void PreferencesViewModel::setDelaySliderValue(double value) {
     require(fitsInt64(value), "a slider value is finite and fits 64 bits");
-    const double last = static_cast<double>(delayOptions.size() - 1);
+    constexpr auto last = static_cast<double>(delayOptions.size() - 1);
     const double index = std::clamp(std::round(value), 0.0, last);
     setDelayUntilActivation(delayOptions.at(static_cast<std::size_t>(index)));
 }
