@@ -21,7 +21,8 @@ HotKeys::Registration FakeHotKeys::registerHotKey(std::uint32_t keyCode, std::ui
     if (registerStatus != noErr) {
         return {registerStatus, {}};
     }
-    if (takenByOthers_.contains(combination) || find(combination) != nullptr) {
+    const bool taken = std::ranges::find(takenByOthers_, combination) != takenByOthers_.end();
+    if (taken || find(combination) != nullptr) {
         return {eventHotKeyExistsErr, {}};
     }
     const EventHotKeyRef ref{nextRef_++};

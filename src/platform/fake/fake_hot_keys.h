@@ -18,7 +18,7 @@ public:
     struct Combination {
         std::uint32_t keyCode = 0;
         std::uint32_t modifiers = 0;
-        auto operator<=>(const Combination&) const = default;
+        bool operator==(const Combination&) const = default;
     };
 
     OSStatus installHandler(Handler handler) override;
@@ -52,8 +52,8 @@ public:
 
     // Other programs.
 
-    void takeByOther(Combination combination) { takenByOthers_.insert(combination); }
-    void giveBackByOther(Combination combination) { takenByOthers_.erase(combination); }
+    void takeByOther(Combination combination) { takenByOthers_.push_back(combination); }
+    void giveBackByOther(Combination combination) { std::erase(takenByOthers_, combination); }
     /// The key strokes, repeats included, that went to whoever has the keyboard.
     std::vector<Combination> typedIntoApplication;
 
@@ -98,7 +98,7 @@ private:
     Handler handler_;
     std::vector<HotKey> hotKeys_;
     std::uint32_t nextRef_ = 1;
-    std::set<Combination> takenByOthers_;
+    std::vector<Combination> takenByOthers_;
     std::set<std::uint32_t> keysDown_;
     std::set<std::uint32_t> grabbedKeysDown_; // went down as a hot key: ours until they go up
     std::uint32_t modifiersDown_ = 0;

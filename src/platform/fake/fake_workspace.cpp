@@ -39,7 +39,7 @@ FakeWorkspace::launchInFront(std::optional<std::string> identifier, std::optiona
     return application;
 }
 
-void FakeWorkspace::setFrontmost(std::shared_ptr<RunningApplication> application) {
+void FakeWorkspace::setFrontmost(const std::shared_ptr<RunningApplication>& application) {
     if (application == frontmost_) {
         return;
     }

@@ -66,7 +66,7 @@ public:
                   std::optional<std::string> name = std::nullopt,
                   std::optional<Url> url = std::nullopt);
     /// Null: no application is in front. Emits `didActivateApplication` when that is a change.
-    void setFrontmost(std::shared_ptr<RunningApplication> application);
+    void setFrontmost(const std::shared_ptr<RunningApplication>& application);
     /// The application's process ended.
     void quit(const std::shared_ptr<FakeRunningApplication>& application);
 
