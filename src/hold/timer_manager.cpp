@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "hold/timer_manager.h"
+
+#include <string_view>
+
+namespace dwellkey {
+namespace {
+
+constexpr auto tickInterval = std::chrono::milliseconds(10);
+constexpr std::string_view accessibilitySettingsAddress =
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
+std::string replacingAll(std::string_view text, std::string_view target,
+                         std::string_view replacement) {
+    std::string result;
+    for (std::size_t at = text.find(target); at != std::string_view::npos; at = text.find(target)) {
+        result.append(text.substr(0, at)).append(replacement);
+        text.remove_prefix(at + target.size());
+    }
+    return result.append(text);
+}
+
+} // namespace
+
+TimerManager& TimerManager::shared() {
+    static auto* const instance = new TimerManager;
+    return *instance;
+}
+
+TimerManager::TimerManager(Platform& platform, PreferencesViewModel& preferences)
+    : preferencesViewModel(preferences), platform_(platform),
+      closeWindowScript_(platform.bundleReader.resourceText("CloseWindow", "scpt")) {}
+
+bool TimerManager::isFinderFrontmost() const {
+    const auto frontmost = platform_.workspace.frontmostApplication();
+    return frontmost != nullptr && frontmost->isFileManager();
+}
+
+void TimerManager::startTimer(CloseMethod method) {
+    const bool closesWindow = method == CloseMethod::closeWindow || isFinderFrontmost();
+    timerViewTitle = closesWindow ? "Hold to Close Window" : "Hold to Quit App";
+    isTimerViewVisible = true;
+    hold_ = {hold_.number + 1, platform_.clock.now(), method};
+    timer_ = platform_.runLoop.repeat(tickInterval,
+                                      [this, number = hold_.number] { tick(number); });
+}
+
+void TimerManager::stopHold() {
+    timer_.cancel();
+    progress = 0.0;
+    isTimerViewVisible = false;
+}
+
+// A hundred times a second: allocates nothing.
+void TimerManager::tick(std::uint64_t number) {
+    const std::chrono::duration<double> elapsed = platform_.clock.now() - hold_.start;
+    progress = elapsed.count() / preferencesViewModel.delayUntilActivation();
+    if (progress.get() >= 1.0) {
+        confirmAndComplete(number);
+    }
+}
+
+void TimerManager::confirmAndComplete(std::uint64_t number) {
+    // What the keyboard has sent and nobody has read yet is delivered in here. A release ends this
+    // hold, even if the process was too busy to see it in time; a press begins another one, which
+    // has its own time to run.
+    const bool keysAreDown = platform_.hotKeys.confirmPressed();
+    if (!timer_.isActive() || hold_.number != number) {
+        return;
+    }
+    if (keysAreDown) {
+        completeHold();
+    } else {
+        stopHold();
+    }
+}
+
+void TimerManager::completeHold() {
+    const std::uint64_t number = hold_.number;
+    // Before the cancellation: while an alert of the action is open, its nested loop finds a timer
+    // that is live but never re-entered, so this hold cannot complete a second time.
+    act(hold_.method);
+    // The keys may have gone up and down again under that alert. `timer_` then belongs to the hold
+    // that they began, and it is not ours to end.
+    if (hold_.number == number) {
+        stopHold();
+    }
+}
+
+void TimerManager::act(CloseMethod method) {
+    if (method == CloseMethod::closeWindow || isFinderFrontmost()) {
+        closeFrontWindow();
+    } else if (const auto frontmost = platform_.workspace.frontmostApplication()) {
+        frontmost->terminate();
+    }
+}
+
+void TimerManager::closeFrontWindow() {
+    Alert alert{"Unable to Close Window", "", AlertStyle::warning, {"OK"}};
+    if (!platform_.accessibilityTrust.isProcessTrusted()) {
+        requestAccessibility();
+        return;
+    }
+    const auto frontmost = platform_.workspace.frontmostApplication();
+    if (frontmost == nullptr || !frontmost->localizedName()) {
+        return;
+    }
+    if (!closeWindowScript_) {
+        alert.informativeText = "Missing app files, please reinstall the application.";
+        platform_.alerts.runModal(alert);
+        return;
+    }
+    const std::string& name = *frontmost->localizedName();
+    const auto script =
+        platform_.scriptHost.compile(replacingAll(*closeWindowScript_, "<<app>>", name));
+    if (script == nullptr) {
+        return;
+    }
+    if (const auto error = script->execute()) {
+        alert.informativeText = "Could not close the window for " + name + ".";
+        platform_.errorLog.error(alert.informativeText, error->message);
+        platform_.alerts.runModal(alert);
+    }
+}
+
+void TimerManager::requestAccessibility() {
+    if (platform_.accessibilityTrust.isProcessTrusted()) {
+        return;
+    }
+    const int response = platform_.alerts.runModal(
+        {"Accessibility Permission Needed",
+         "Dwellkey needs accessibility permission to close app windows. Click 'Open System "
+         "Preferences' and enable Dwellkey in the Accessibility section.",
+         AlertStyle::warning,
+         {"Open System Preferences", "Cancel"}});
+    if (response == alertFirstButtonReturn) {
+        platform_.workspace.openUrl(accessibilitySettingsAddress);
+    }
+}
+
+} // namespace dwellkey

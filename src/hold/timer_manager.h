@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// The engine that turns a held shortcut into its action. std only.
+#pragma once
+
+#include "hold/close_method.h"
+#include "platform/platform.h"
+#include "settings/preferences_view_model.h"
+#include "support/observable_object.h"
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace dwellkey {
+
+/// Idle, or holding: then the panel is visible and `progress` rises with the time since the key
+/// went down. At 1 the action is done to the application that is in front at that moment, provided
+/// that the keyboard confirms that the keys are still down. Main thread only.
+class TimerManager : public ObservableObject {
+public:
+    /// The process's instance, made on first use and never destroyed.
+    static TimerManager& shared();
+
+    /// Reads the window-close script. Both references must outlive the engine.
+    explicit TimerManager(Platform& platform = Platform::shared(),
+                          PreferencesViewModel& preferences = PreferencesViewModel::shared());
+
+    /// Elapsed time of the hold divided by the delay, not clamped; 0 when no hold runs.
+    Published<double> progress{*this, 0.0};
+    Published<bool> isTimerViewVisible{*this, false};
+    Published<std::string> timerViewTitle{*this, "Hold to Quit App"};
+
+    /// Not changed by the engine: a running hold carries its own method.
+    CloseMethod closeMethod = CloseMethod::quitApp;
+    /// Where the delay, the scope and the list are read from.
+    PreferencesViewModel& preferencesViewModel;
+
+    /// Begins a hold; one that is running is replaced and starts over from zero.
+    void startTimer(CloseMethod method);
+    /// Ends the hold, if any, without its action.
+    void stopHold();
+
+    /// Closes the frontmost application's front window now. Tells the user, in a modal alert, when
+    /// that needs a permission or fails; so it may run a nested loop.
+    void closeFrontWindow();
+    /// Offers, in a modal alert, the settings page that grants the permission; nothing when it is
+    /// granted.
+    void requestAccessibility();
+    [[nodiscard]] bool isFinderFrontmost() const;
+
+private:
+    struct Hold {
+        std::uint64_t number = 0; // tells a hold from those before it
+        std::chrono::nanoseconds start{};
+        CloseMethod method = CloseMethod::quitApp;
+    };
+
+    void tick(std::uint64_t number);
+    void confirmAndComplete(std::uint64_t number);
+    void completeHold();
+    void act(CloseMethod method);
+
+    Platform& platform_;
+    std::optional<std::string> closeWindowScript_; // absent: reported when it is needed
+    Hold hold_;                                    // the latest one, running or not
+    Subscription timer_;                           // active: `hold_` is running
+};
+
+} // namespace dwellkey
