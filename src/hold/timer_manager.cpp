@@ -41,8 +41,8 @@ void TimerManager::startTimer(CloseMethod method) {
     timerViewTitle = closesWindow ? "Hold to Close Window" : "Hold to Quit App";
     isTimerViewVisible = true;
     hold_ = {hold_.number + 1, platform_.clock.now(), method};
-    timer_ = platform_.runLoop.repeat(tickInterval,
-                                      [this, number = hold_.number] { tick(number); });
+    timer_ =
+        platform_.runLoop.repeat(tickInterval, [this, number = hold_.number] { tick(number); });
 }
 
 void TimerManager::stopHold() {
