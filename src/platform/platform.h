@@ -31,6 +31,7 @@ struct Platform {
     Beeper& beeper;
     ErrorLog& errorLog;
     WindowHost& windowHost;
+    PanelSupport& panelSupport;
 
     /// The process's platform; one must have been installed.
     static Platform& shared();

@@ -34,6 +34,7 @@ public:
     FakeBeeper beeper;
     FakeErrorLog errorLog;
     FakeWindowHost windowHost;
+    FakePanelSupport panelSupport;
 
     [[nodiscard]] Platform& platform() { return platform_; }
 
@@ -41,7 +42,8 @@ private:
     Platform platform_{runLoop,      clock,     userDefaults,       workspace,
                        bundleReader, loginItem, accessibilityTrust, scriptHost,
                        alerts,       hotKeys,   keyboardLayout,     systemShortcuts,
-                       menuTracking, beeper,    errorLog,           windowHost};
+                       menuTracking, beeper,    errorLog,           windowHost,
+                       panelSupport};
 };
 
 } // namespace dwellkey

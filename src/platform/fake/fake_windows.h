@@ -44,4 +44,18 @@ public:
     std::vector<std::string> opened;
 };
 
+/// One screen, no compositor unless told otherwise; remembers what it was asked.
+class FakePanelSupport final : public PanelSupport {
+public:
+    std::optional<Point> activeCentre;
+    bool composited = false;
+    std::vector<std::uint32_t> keptAbove;
+    std::vector<std::uint32_t> blurred;
+
+    [[nodiscard]] std::optional<Point> activeWindowCentre() const override { return activeCentre; }
+    [[nodiscard]] bool isComposited() const override { return composited; }
+    void keepAbove(std::uint32_t nativeWindow) override { keptAbove.push_back(nativeWindow); }
+    void blurBehind(std::uint32_t nativeWindow) override { blurred.push_back(nativeWindow); }
+};
+
 } // namespace dwellkey

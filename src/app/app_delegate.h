@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/state/app_state_manager.h"
+#include "hold/keyboard_shortcuts_model.h"
+#include "platform/platform.h"
+#include "settings/preferences_view_model.h"
+
+namespace dwellkey {
+
+/// The life of the process: launch, being started again, termination. Its construction brings the
+/// guarded shortcuts to life.
+class AppDelegate {
+public:
+    explicit AppDelegate(
+        Platform& platform = Platform::shared(),
+        AppStateManager& appStateManager = AppStateManager::shared(),
+        KeyboardShortcutsModel& keyboardShortcutsModel = KeyboardShortcutsModel::shared());
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+    ~AppDelegate() = default;
+
+    /// Once, when the loop is about to run.
+    void didFinishLaunching();
+
+    /// The user started the program again. Always handled.
+    bool shouldHandleReopen(bool hasVisibleWindows);
+
+    void willTerminate();
+
+private:
+    void handleLaunch();
+
+    Platform& platform_;
+    AppStateManager& appStateManager_;
+    PreferencesViewModel preferencesViewModel_; // its own copy, over the same store
+    KeyboardShortcutsModel& keyboardShortcutsModel_;
+};
+
+} // namespace dwellkey

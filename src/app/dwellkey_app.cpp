@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "app/dwellkey_app.h"
+
+#include "app/termination.h"
+
+#include <cstdlib>
+
+namespace dwellkey {
+namespace {
+constexpr int statusLost = 1;
+} // namespace
+
+DwellkeyApp::DwellkeyApp(Backend& backend)
+    : backend_(backend), appDelegate_(backend.platform()), timerManager_(TimerManager::shared()),
+      followTimerViewOnce_(backend.platform().runLoop, [this] { followTimerView(); }),
+      timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
+          [this](bool) { followTimerViewOnce_.schedule(); })),
+      lost_(backend.lost.subscribe([this](std::string_view cause) {
+          Platform& platform = backend_.platform();
+          platform.errorLog.error("Dwellkey ends: the desktop is gone.", cause);
+          platform.userDefaults.synchronize();
+          // Not the ordinary way out: everything that talks to the display is dead.
+          std::_Exit(statusLost);
+      })),
+      termination_(onTerminationSignal(backend.platform().runLoop, [this] { backend_.quit(0); })) {
+    declareWindows();
+}
+
+DwellkeyApp::~DwellkeyApp() = default;
+
+int DwellkeyApp::run() {
+    backend_.platform().runLoop.post([this] {
+        appDelegate_.didFinishLaunching();
+        timerView().prepare(); // so that the first hold shows as fast as all others
+    });
+    const int status = backend_.run();
+    appDelegate_.willTerminate();
+    return status;
+}
+
+void DwellkeyApp::declareWindows() {
+    backend_.windowHost().declare("TimerView", [this] { timerView().open(); });
+}
+
+TimerView& DwellkeyApp::timerView() {
+    if (!timerView_) {
+        Platform& platform = backend_.platform();
+        timerView_ =
+            std::make_unique<TimerView>(timerManager_, platform.runLoop, platform.panelSupport);
+    }
+    return *timerView_;
+}
+
+/// Opens the panel when the flag turned true. Turning false is the panel's own affair.
+void DwellkeyApp::followTimerView() {
+    const bool isVisible = timerManager_.isTimerViewVisible.get();
+    if (isVisible && !wasTimerViewVisible_) {
+        backend_.platform().windowHost.open("TimerView");
+    }
+    wasTimerViewVisible_ = isVisible;
+}
+
+} // namespace dwellkey

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/app_delegate.h"
+#include "app/backend.h"
+#include "hold/panel/timer_view.h"
+#include "hold/timer_manager.h"
+#include "platform/once_per_turn.h"
+#include "settings/preferences_view_model.h"
+
+#include <memory>
+
+namespace dwellkey {
+
+/// The application: declares its windows, opens the hold panel when a hold starts, and runs.
+class DwellkeyApp {
+public:
+    /// Makes the shared models over the backend's platform, which brings the shortcuts to life
+    /// before any window exists. The backend must outlive the application.
+    explicit DwellkeyApp(Backend& backend);
+    DwellkeyApp(const DwellkeyApp&) = delete;
+    DwellkeyApp& operator=(const DwellkeyApp&) = delete;
+    ~DwellkeyApp();
+
+    /// Until the process is asked to end; returns its exit status.
+    int run();
+
+private:
+    void declareWindows();
+    TimerView& timerView();
+    void followTimerView();
+    void listenForTermination();
+
+    Backend& backend_;
+    AppDelegate appDelegate_;
+    TimerManager& timerManager_;
+    std::unique_ptr<TimerView> timerView_;
+    bool wasTimerViewVisible_ = false;
+    OncePerTurn followTimerViewOnce_;
+    Subscription timerViewChanges_;
+    Subscription lost_;
+    Subscription termination_;
+};
+
+} // namespace dwellkey

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "app/termination.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <memory>
+#include <sys/eventfd.h>
+#include <unistd.h>
+#include <utility>
+
+namespace dwellkey {
+namespace {
+
+// A signal handler may do next to nothing: it writes here, and the loop wakes up.
+int wakeUp = -1;
+
+constexpr auto signals = std::to_array({SIGTERM, SIGINT, SIGHUP});
+
+extern "C" void noteSignal(int /*number*/) {
+    const int savedErrno = errno;
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const auto written = write(wakeUp, &one, sizeof one);
+    errno = savedErrno;
+}
+
+void setHandler(void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    for (const int number : signals) {
+        sigaction(number, &action, nullptr);
+    }
+}
+
+} // namespace
+
+Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> terminate) {
+    wakeUp = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    auto watch =
+        std::make_shared<Subscription>(runLoop.watch(wakeUp, [terminate = std::move(terminate)] {
+            std::uint64_t count = 0;
+            [[maybe_unused]] const auto bytes = read(wakeUp, &count, sizeof count);
+            terminate();
+        }));
+    setHandler(noteSignal);
+    return Subscription([watch] {
+        setHandler(SIG_DFL);
+        watch->cancel();
+        close(std::exchange(wakeUp, -1));
+    });
+}
+
+} // namespace dwellkey

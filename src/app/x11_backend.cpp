@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "app/x11_backend.h"
+
+#include "platform/linux/application_identity.h"
+#include "platform/linux/autostart_login_item.h"
+#include "platform/linux/default_file_manager.h"
+#include "platform/linux/desktop_entry_index.h"
+#include "platform/linux/environment.h"
+#include "platform/linux/json_user_defaults.h"
+#include "platform/linux/linux_bundle_reader.h"
+#include "platform/linux/process_facts.h"
+#include "platform/linux/resource_files.h"
+#include "platform/linux/script_host.h"
+#include "platform/qt/qt_alerts.h"
+#include "platform/qt/qt_application_actions.h"
+#include "platform/qt/qt_menu_tracking.h"
+#include "platform/qt/qt_run_loop.h"
+#include "platform/qt/qt_url_opener.h"
+#include "platform/x11/x11_connection.h"
+#include "platform/x11/x11_hot_keys.h"
+#include "platform/x11/x11_keyboard_layout.h"
+#include "platform/x11/x11_panel_support.h"
+#include "platform/x11/x11_workspace.h"
+
+#include <QApplication>
+#include <utility>
+
+namespace dwellkey {
+namespace {
+
+/// The toolkit, told that it is not its windows that keep the process alive.
+class Toolkit {
+public:
+    Toolkit(int& argc, char** argv) : application_(argc, argv) {
+        QApplication::setApplicationName(QStringLiteral("dwellkey"));
+        QApplication::setDesktopFileName(QStringLiteral("org.dwellkey.Dwellkey"));
+        QApplication::setQuitOnLastWindowClosed(false);
+    }
+
+private:
+    QApplication application_;
+};
+
+/// What every Linux desktop shares.
+struct LinuxServices {
+    LinuxServices(RunLoop& runLoop, ErrorLog& errorLog)
+        : userDefaults(JsonUserDefaults::defaultPath(), runLoop, errorLog),
+          folders(BaseFolders::from(processEnvironment())),
+          entries(runLoop, folders.applicationFolders(), LocaleNames::from(processEnvironment()),
+                  splitList(processEnvironment()("PATH").value_or(""), ':')),
+          fileManager(runLoop, entries, processEnvironment()),
+          identifier(entries, fileManager, processes),
+          bundleReader(entries, ResourceFiles(ResourceFiles::defaultFolders())) {}
+
+    JsonUserDefaults userDefaults;
+    BaseFolders folders;
+    DesktopEntryIndex entries;
+    DefaultFileManager fileManager;
+    LinuxProcessReader processes;
+    ApplicationIdentifier identifier;
+    LinuxBundleReader bundleReader;
+    AutostartLoginItem loginItem;
+};
+
+class X11Backend final : public Backend {
+public:
+    X11Backend(std::unique_ptr<X11Connection> connection, int& argc, char** argv,
+               ErrorLog& errorLog)
+        : connection_(std::move(connection)), toolkit_(argc, argv), linux_(runLoop_, errorLog),
+          workspace_(*connection_, linux_.identifier, actions_,
+                     {[this](const std::string& path) { return linux_.bundleReader.icon(path); },
+                      openUrl}),
+          scriptHost_(workspace_), hotKeys_(*connection_, runLoop_, errorLog),
+          keyboardLayout_(*connection_), panelSupport_(*connection_),
+          windowHost_(errorLog), platform_{runLoop_,
+                                           runLoop_,
+                                           linux_.userDefaults,
+                                           workspace_,
+                                           linux_.bundleReader,
+                                           linux_.loginItem,
+                                           workspace_,
+                                           scriptHost_,
+                                           alerts_,
+                                           hotKeys_,
+                                           keyboardLayout_,
+                                           systemShortcuts_,
+                                           menuTracking_,
+                                           beeper_,
+                                           errorLog,
+                                           windowHost_,
+                                           panelSupport_},
+          lost_(connection_->lost.subscribe(
+              [this] { lost.emit("the connection to the X server broke"); })) {
+        connection_->attach(runLoop_);
+    }
+
+    Platform& platform() override { return platform_; }
+    QtWindowHost& windowHost() override { return windowHost_; }
+    int run() override { return QApplication::exec(); }
+    void quit(int status) override { QApplication::exit(status); }
+
+private:
+    std::unique_ptr<X11Connection> connection_;
+    Toolkit toolkit_;
+    QtRunLoop runLoop_;
+    LinuxServices linux_;
+    QtApplicationActions actions_;
+    X11Workspace workspace_;
+    WindowScriptHost scriptHost_;
+    X11HotKeys hotKeys_;
+    X11KeyboardLayout keyboardLayout_;
+    X11PanelSupport panelSupport_;
+    QtAlerts alerts_;
+    QtBeeper beeper_;
+    QtMenuTracking menuTracking_;
+    QtWindowHost windowHost_;
+    Platform platform_;
+    Subscription lost_;
+};
+
+} // namespace
+
+std::variant<std::unique_ptr<Backend>, std::string> startX11Backend(int& argc, char** argv,
+                                                                    ErrorLog& errorLog) {
+    auto connection = X11Connection::open();
+    if (auto* reason = std::get_if<std::string>(&connection)) {
+        return std::move(*reason);
+    }
+    // The windows must live on the server whose keys we guard, also where Wayland is to be had.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    return std::make_unique<X11Backend>(
+        std::get<std::unique_ptr<X11Connection>>(std::move(connection)), argc, argv, errorLog);
+}
+
+} // namespace dwellkey

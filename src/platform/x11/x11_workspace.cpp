@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/x11_workspace.h"
+
+#include <algorithm>
+#include <unistd.h>
+#include <utility>
+
+namespace dwellkey {
+namespace {
+
+bool belongsTogether(const X11Windows& windows, const X11Window& one, const X11Window& other) {
+    if (one.process && other.process) {
+        return one.process == other.process;
+    }
+    return windows.haveSameClient(one.id, other.id);
+}
+
+/// Asks every normal window of the application to close, once: not its dialogs, where a second
+/// request would cancel an unsaved-changes prompt, and nothing that does not accept it. A program
+/// that has only a dialog is asked through that.
+void requestCloseOfAll(const X11Windows& windows, const X11Window& front) {
+    std::vector<X11Window> own = windows.describe(windows.clientWindows());
+    std::erase_if(own, [&](const X11Window& window) {
+        return window.isDesktop || window.isDock || !belongsTogether(windows, window, front);
+    });
+    const auto isMain = [](const X11Window& window) {
+        return window.isNormal && !window.isTransient && !window.isModal;
+    };
+    const bool hasMain = std::ranges::any_of(own, isMain);
+    for (const X11Window& window : own) {
+        const bool isAsked = hasMain ? isMain(window) : window.id == front.id;
+        if (isAsked && window.acceptsDelete) {
+            windows.requestClose(window.id);
+        }
+    }
+}
+
+} // namespace
+
+X11RunningApplication::X11RunningApplication(X11Window window, ApplicationIdentity identity,
+                                             const X11Windows& windows, ApplicationActions& actions)
+    : window_(std::move(window)), identity_(std::move(identity)), windows_(windows),
+      actions_(actions) {}
+
+void X11RunningApplication::terminate() {
+    if (window_.actions && window_.process) {
+        actions_.activate(
+            *window_.actions, *window_.process, "quit",
+            [&windows = windows_, front = window_] { requestCloseOfAll(windows, front); });
+        return;
+    }
+    requestCloseOfAll(windows_, window_);
+}
+
+bool X11RunningApplication::isSameApplication(const X11RunningApplication& other) const {
+    return identity_ == other.identity_ && belongsTogether(windows_, window_, other.window_);
+}
+
+X11Workspace::X11Workspace(X11Connection& connection, const ApplicationIdentifier& identifier,
+                           ApplicationActions& actions, WorkspaceServices services)
+    : connection_(connection), windows_(connection), identifier_(identifier), actions_(actions),
+      services_(std::move(services)),
+      events_(connection.event.subscribe([this](const auto& event) { handleEvent(event); })) {
+    connection_.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    followClientWindows();
+    followActiveWindow();
+    connection_.drainLater();
+}
+
+std::vector<std::shared_ptr<RunningApplication>>
+X11Workspace::runningApplications(std::string_view bundleIdentifier) const {
+    std::vector<std::shared_ptr<X11RunningApplication>> found;
+    for (X11Window& window : windows_.describe(windows_.clientWindows())) {
+        auto application = applicationOf(std::move(window));
+        const bool isKnown = application && std::ranges::any_of(found, [&](const auto& other) {
+                                 return other->isSameApplication(*application);
+                             });
+        if (application && application->bundleIdentifier() == bundleIdentifier && !isKnown) {
+            found.push_back(std::move(application));
+        }
+    }
+    connection_.drainLater();
+    return {found.begin(), found.end()};
+}
+
+void X11Workspace::activateOurselves() {
+    // Of our own windows the one that was mapped last: the one that was just asked for.
+    const auto own = windows_.describe(windows_.clientWindows());
+    const auto last = std::find_if(own.rbegin(), own.rend(), [](const X11Window& window) {
+        return window.process == getpid() && !window.isDesktop && !window.isDock;
+    });
+    if (last != own.rend()) {
+        windows_.requestActivation(last->id);
+    }
+    connection_.drainLater();
+}
+
+std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view applicationName) {
+    if (!frontmost_ || frontmost_->localizedName() != applicationName) {
+        return "\"" + std::string(applicationName) + "\" is not the application in front";
+    }
+    const X11Window front = windows_.describe(activeWindow_);
+    connection_.drainLater();
+    if (!front.acceptsDelete || front.isDesktop || front.isDock) {
+        return "the front window cannot be asked to close";
+    }
+    windows_.requestClose(front.id);
+    return std::nullopt;
+}
+
+bool X11Workspace::isProcessTrusted() const {
+    const bool isCapable = windows_.hasCapableWindowManager();
+    connection_.drainLater();
+    return isCapable;
+}
+
+void X11Workspace::handleEvent(const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7fU) != XCB_PROPERTY_NOTIFY) {
+        return;
+    }
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event); // NOLINT
+    if (change.window != connection_.root()) {
+        return;
+    }
+    const auto& atoms = connection_.atoms();
+    if (change.atom == atoms.netActiveWindow) {
+        followActiveWindow();
+    } else if (change.atom == atoms.netClientList) {
+        followClientWindows();
+    } else if (change.atom == atoms.netSupportingWmCheck) {
+        didActivateApplication.emit(frontmost_); // another window manager: judge everything anew
+    }
+}
+
+void X11Workspace::followActiveWindow() {
+    const xcb_window_t window = windows_.activeWindow();
+    if (window == activeWindow_) {
+        return;
+    }
+    activeWindow_ = window;
+    auto application =
+        window == XCB_WINDOW_NONE ? nullptr : applicationOf(windows_.describe(window));
+    const bool isSame = application && frontmost_ && application->isSameApplication(*frontmost_);
+    const bool wasNone = !application && !frontmost_;
+    frontmost_ = std::move(application);
+    if (!isSame && !wasNone) {
+        didActivateApplication.emit(frontmost_);
+    }
+}
+
+void X11Workspace::followClientWindows() {
+    std::map<xcb_window_t, std::optional<pid_t>> clients;
+    std::vector<xcb_window_t> unknown;
+    for (const xcb_window_t window : windows_.clientWindows()) {
+        if (const auto known = clients_.find(window); known != clients_.end()) {
+            clients.insert(*known);
+        } else {
+            unknown.push_back(window);
+        }
+    }
+    for (const X11Window& window : windows_.describe(unknown)) {
+        clients.emplace(window.id, window.isDesktop ? window.process : std::nullopt);
+    }
+    clients_ = std::move(clients);
+}
+
+std::shared_ptr<X11RunningApplication> X11Workspace::applicationOf(X11Window window) const {
+    if (window.isDesktop || window.isDock) {
+        return nullptr; // clicking the desktop or a panel puts no application in front
+    }
+    WindowFacts facts;
+    facts.classInstance = window.classInstance;
+    facts.className = window.className;
+    facts.gtkApplicationId = window.gtkApplicationId;
+    facts.process = window.process;
+    facts.ownsDesktopWindow =
+        window.process && std::ranges::any_of(clients_, [&](const auto& client) {
+            return client.second == window.process;
+        });
+    auto identity = identifier_.identify(facts);
+    return std::make_shared<X11RunningApplication>(std::move(window), std::move(identity), windows_,
+                                                   actions_);
+}
+
+} // namespace dwellkey

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// Who is in front, by the window manager's word and the X server's.
+#pragma once
+
+#include "platform/linux/application_actions.h"
+#include "platform/linux/application_identity.h"
+#include "platform/linux/script_host.h"
+#include "platform/session.h"
+#include "platform/workspace.h"
+#include "platform/x11/x11_connection.h"
+#include "platform/x11/x11_windows.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dwellkey {
+
+class X11RunningApplication final : public RunningApplication {
+public:
+    /// `windows` and `actions` must outlive the application.
+    X11RunningApplication(X11Window window, ApplicationIdentity identity, const X11Windows& windows,
+                          ApplicationActions& actions);
+
+    [[nodiscard]] const std::optional<std::string>& bundleIdentifier() const override {
+        return identity_.bundleIdentifier;
+    }
+    [[nodiscard]] const std::optional<Url>& bundleUrl() const override {
+        return identity_.bundleUrl;
+    }
+    [[nodiscard]] const std::optional<std::string>& localizedName() const override {
+        return identity_.localizedName;
+    }
+    [[nodiscard]] bool isFileManager() const override { return identity_.isFileManager; }
+    void terminate() override;
+
+    [[nodiscard]] const X11Window& window() const { return window_; }
+    [[nodiscard]] bool isSameApplication(const X11RunningApplication& other) const;
+
+private:
+    X11Window window_; // one of its windows, as it was when it came to the front
+    ApplicationIdentity identity_;
+    const X11Windows& windows_;
+    ApplicationActions& actions_;
+};
+
+/// What the workspace needs that has nothing to do with X.
+struct WorkspaceServices {
+    std::function<Image(const std::string& path)> icon;
+    std::function<bool(std::string_view address)> openUrl;
+};
+
+class X11Workspace final : public Workspace, public FrontWindowCloser, public AccessibilityTrust {
+public:
+    X11Workspace(X11Connection& connection, const ApplicationIdentifier& identifier,
+                 ApplicationActions& actions, WorkspaceServices services);
+
+    [[nodiscard]] std::shared_ptr<RunningApplication> frontmostApplication() const override {
+        return frontmost_;
+    }
+    [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
+    runningApplications(std::string_view bundleIdentifier) const override;
+    [[nodiscard]] Image icon(const std::string& path) const override {
+        return services_.icon(path);
+    }
+    bool openUrl(std::string_view address) override { return services_.openUrl(address); }
+    void activateOurselves() override;
+
+    std::optional<std::string> closeFrontWindow(std::string_view applicationName) override;
+
+    [[nodiscard]] bool isProcessTrusted() const override;
+
+private:
+    void handleEvent(const xcb_generic_event_t& event);
+    void followActiveWindow();
+    void followClientWindows();
+    [[nodiscard]] std::shared_ptr<X11RunningApplication> applicationOf(X11Window window) const;
+
+    X11Connection& connection_;
+    X11Windows windows_;
+    const ApplicationIdentifier& identifier_;
+    ApplicationActions& actions_;
+    WorkspaceServices services_;
+    xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
+    std::shared_ptr<X11RunningApplication> frontmost_;
+    std::map<xcb_window_t, std::optional<pid_t>> clients_; // with the process of desktop windows
+    Subscription events_;
+};
+
+} // namespace dwellkey
