@@ -39,7 +39,7 @@ KeyboardShortcutsModel::~KeyboardShortcutsModel() {
 /// The key that types q, wherever the layout puts it: on a French keyboard the position of q types
 /// a, and a default that guards "select all" would be a bug. A layout without a q has no better
 /// answer than the position.
-void KeyboardShortcutsModel::applyFirstLaunchDefault() {
+void KeyboardShortcutsModel::applyFirstLaunchDefault() const {
     quitApplicationCommand.setKey(keyFromCharacter("q", platform_.keyboardLayout).value_or(Key::q));
     quitApplicationCommand.setModifiers({Modifier::command});
 }

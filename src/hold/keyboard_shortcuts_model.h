@@ -35,7 +35,7 @@ public:
     AppStateManager& appStateManager;
 
 private:
-    void applyFirstLaunchDefault();
+    void applyFirstLaunchDefault() const;
     void observeCommands();
     void quitKeyDown();
     void closeKeyDown();

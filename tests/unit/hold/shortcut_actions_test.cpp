@@ -58,10 +58,8 @@ TEST_F(ShortcutActions, nothingInFront_doesNothing) {
 
 TEST_F(ShortcutActions, modelGone_hearsNoPressAnyMore) {
     inFront("editor");
-    {
-        TimerManager timer(desktop_.platform(), preferences_);
-        const KeyboardShortcutsModel gone(desktop_.platform(), timer, appState_, registry_);
-    }
+    TimerManager timer(desktop_.platform(), preferences_);
+    { const KeyboardShortcutsModel gone(desktop_.platform(), timer, appState_, registry_); }
     pressQuit();
     EXPECT_EQ(desktop_.runLoop.activeTimerCount(), 1U) << "only the model that is left";
     releaseQuit();
