@@ -183,12 +183,6 @@ const InstalledApplication* DesktopEntryIndex::bySnapInstanceName(std::string_vi
     });
 }
 
-const InstalledApplication* DesktopEntryIndex::byPath(const std::string& path) const {
-    const auto id = desktopEntryId(path, folders_);
-    const auto* application = id ? byId(*id) : nullptr;
-    return application != nullptr && application->path == path ? application : nullptr;
-}
-
 const std::vector<InstalledApplication>& DesktopEntryIndex::applications() const {
     return tables().scanned.applications;
 }

@@ -50,9 +50,6 @@ public:
     [[nodiscard]] const InstalledApplication* byFlatpakId(std::string_view id) const;
     [[nodiscard]] const InstalledApplication* bySnapInstanceName(std::string_view name) const;
 
-    /// The application that this file introduces; null when it is hidden by another or no entry.
-    [[nodiscard]] const InstalledApplication* byPath(const std::string& path) const;
-
     /// All, the most important folder first, in the order of their ids.
     [[nodiscard]] const std::vector<InstalledApplication>& applications() const;
 

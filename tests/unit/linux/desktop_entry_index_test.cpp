@@ -1,45 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/desktop_entry_index.h"
 
-#include "scratch_folder.h"
-#include "watching_loop.h"
+#include "desktop_fixture.h"
 
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
-#include <chrono>
+#include <functional>
 
 namespace dwellkey {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using testing::ScratchFolder;
-using testing::WatchingLoop;
 using testing::writeFile;
 
 std::string idOf(const InstalledApplication* application) {
     return application == nullptr ? "none" : application->id;
 }
 
-class DesktopEntryIndexTest : public ::testing::Test {
-protected:
-    void install(const std::string& file, const std::string& lines) {
-        writeFile(scratch_ / file,
-                  "[Desktop Entry]\nType=Application\nName=" + file + "\n" + lines);
-    }
-    void installProgram(const std::string& file) {
-        writeFile(scratch_ / file, "#!/bin/sh\n");
-        ASSERT_EQ(chmod((scratch_ / file).c_str(), 0755), 0);
-    }
-
-    ScratchFolder scratch_;
-    WatchingLoop loop_;
-    DesktopEntryIndex index_{loop_,
-                             {scratch_ / "home/applications", scratch_ / "usr/applications"},
-                             {},
-                             {scratch_ / "bin"}};
-};
+using DesktopEntryIndexTest = testing::DesktopFixture;
 
 TEST_F(DesktopEntryIndexTest, earlier_folder_hides_the_same_id_behind_it) {
     install("home/applications/editor.desktop", "StartupWMClass=Home");
