@@ -42,6 +42,8 @@ public:
         runUntil([&done] { return done; });
     }
 
+    [[nodiscard]] std::size_t watchCount() { return live(watches_).size(); }
+
     [[nodiscard]] Subscription repeat(std::chrono::nanoseconds interval,
                                       std::function<void()> tick) override {
         return add(timers_, Timer{interval, SteadyClock::now() + interval, std::move(tick)});

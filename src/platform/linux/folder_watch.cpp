@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
+#include <filesystem>
 #include <system_error>
 #include <utility>
 
@@ -43,18 +44,32 @@ void FolderWatch::arm() {
 }
 
 void FolderWatch::add(const std::string& folder, const Interest& interest) {
-    if (!isArmed() || tryAdd(folder, interest)) {
-        return;
+    constexpr int mostAttempts = 4;
+    for (int attempt = 0; isArmed() && attempt < mostAttempts; ++attempt) {
+        if (tryAdd(folder, interest)) {
+            return;
+        }
+        const auto missing = watchForMissing(folder);
+        // What appeared before we watched for it would never be announced.
+        std::error_code ignored;
+        if (!missing || !std::filesystem::is_directory(*missing, ignored)) {
+            return;
+        }
     }
-    std::string missing = folder;
+}
+
+/// Watches the nearest folder above that exists for the next part of the path, and returns the path
+/// so far; absent when nothing above can be watched.
+std::optional<std::string> FolderWatch::watchForMissing(std::string missing) {
     while (const auto parent = parentOf(missing)) {
         const auto appears = [name = missing.substr(missing.rfind('/') + 1)](
                                  std::string_view member, bool) { return member == name; };
         if (tryAdd(*parent, appears)) {
-            return;
+            return missing;
         }
         missing = *parent;
     }
+    return std::nullopt;
 }
 
 /// False when the folder does not exist, or cannot be watched (then `problem_` says why).

@@ -40,6 +40,7 @@ public:
 
 private:
     bool tryAdd(const std::string& folder, const Interest& interest);
+    std::optional<std::string> watchForMissing(std::string missing);
     void readEvents();
     void disarm();
 

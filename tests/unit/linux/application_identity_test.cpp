@@ -97,7 +97,7 @@ TEST_F(ApplicationIdentityTest, each_kind_of_evidence_yields_to_the_one_before_i
     window.className = "other";
     EXPECT_EQ(identifierOf(window), "by-class") << "other capitals in the instance";
     std::filesystem::remove(scratch_ / "usr/applications/by-class.desktop");
-    loop_.turn();
+    loop_.runPosted();
     EXPECT_EQ(identifierOf(window), "thing");
     window.classInstance = "other";
     EXPECT_EQ(identifierOf(window), "org.sandboxed.App");

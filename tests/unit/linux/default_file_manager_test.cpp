@@ -22,7 +22,7 @@ protected:
     }
     /// After what changed has been noticed.
     std::string current() {
-        loop_.turn();
+        loop_.runPosted();
         return manager_.identifier().value_or("none");
     }
 

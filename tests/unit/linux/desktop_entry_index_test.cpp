@@ -110,7 +110,7 @@ TEST_F(DesktopEntryIndexTest, changes_are_noticed_once_and_read_at_the_next_look
         changes = 0;
         (void)index_.applications();
         change();
-        loop_.turn();
+        loop_.runPosted();
         EXPECT_EQ(changes, 1);
         EXPECT_EQ(loop_.watchCount(), 0U) << "further changes need not wake us";
         std::vector<std::string> ids;
@@ -139,7 +139,7 @@ TEST_F(DesktopEntryIndexTest, unrelated_files_do_not_count_as_a_change) {
     (void)index_.applications();
     writeFile(scratch_ / "usr/applications/mimeinfo.cache", "x");
     writeFile(scratch_ / "unrelated", "x");
-    loop_.turn();
+    loop_.runPosted();
     EXPECT_EQ(loop_.watchCount(), 1U);
 }
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "platform/linux/desktop_entry_index.h"
+#include "poll_run_loop.h"
 #include "scratch_folder.h"
-#include "watching_loop.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ protected:
     }
 
     ScratchFolder scratch_;
-    WatchingLoop loop_;
+    PollRunLoop loop_;
     DesktopEntryIndex index_{loop_,
                              {scratch_ / "home/applications", scratch_ / "usr/applications"},
                              {},
