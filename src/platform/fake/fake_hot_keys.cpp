@@ -5,6 +5,9 @@
 #include <utility>
 
 namespace dwellkey {
+namespace {
+constexpr std::uint32_t lastKeyCode = 127; // of any keyboard
+} // namespace
 
 OSStatus FakeHotKeys::installHandler(Handler handler) {
     ++installCount;
@@ -20,6 +23,9 @@ HotKeys::Registration FakeHotKeys::registerHotKey(std::uint32_t keyCode, std::ui
     const Combination combination{keyCode, modifiers};
     if (registerStatus != noErr) {
         return {registerStatus, {}};
+    }
+    if (keyCode > lastKeyCode) {
+        return {eventHotKeyInvalidErr, {}};
     }
     const bool taken = std::ranges::find(takenByOthers_, combination) != takenByOthers_.end();
     if (taken || find(combination) != nullptr) {
