@@ -55,17 +55,9 @@ KeyCommand::KeyCommand(Name name, std::optional<Key> key, Modifiers modifiers,
 }
 
 void KeyCommand::restore() const {
-    const DefaultsValue* stored = registry_->platform().userDefaults.find(name_.storageKey());
-    const auto* data = stored == nullptr ? nullptr : std::get_if<Data>(stored);
-    if (data == nullptr) {
-        return;
-    }
-    auto decoded = decodeKeyCommand(data->bytes);
-    auto* content = std::get_if<KeyCommandContent>(&decoded);
-    // An entry that somebody copied from another command must not change that other command.
-    if (content != nullptr && content->name == name_) {
-        setKey(content->key);
-        setModifiers(std::move(content->modifiers));
+    if (auto stored = storedKeyCommand(registry_->platform().userDefaults, name_)) {
+        setKey(stored->key);
+        setModifiers(std::move(stored->modifiers));
     }
 }
 

@@ -187,6 +187,19 @@ Coded<KeyCommandContent> decodeKeyCommand(std::string_view json) {
     return decoder.finish(decoder.keyCommand());
 }
 
+std::optional<KeyCommandContent> storedKeyCommand(const UserDefaults& store,
+                                                  const KeyCommand::Name& name) {
+    const DefaultsValue* stored = store.find(name.storageKey());
+    const auto* data = stored == nullptr ? nullptr : std::get_if<Data>(stored);
+    if (data == nullptr) {
+        return std::nullopt;
+    }
+    auto decoded = decodeKeyCommand(data->bytes);
+    auto* content = std::get_if<KeyCommandContent>(&decoded);
+    return content != nullptr && content->name == name ? std::optional(std::move(*content))
+                                                       : std::nullopt;
+}
+
 Coded<Key> decodeKey(std::string_view json) {
     Decoder decoder(json);
     return decoder.finish(decoder.key(decoder.root()));

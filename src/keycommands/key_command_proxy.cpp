@@ -22,7 +22,12 @@ bool listensTo(const KeyCommand::EventType& observed, const KeyCommand::EventTyp
 KeyCommandProxy::KeyCommandProxy(Platform& platform, KeyCommandRegistry& registry,
                                  KeyCommand::Name name, EventHotKeyID identifier)
     : platform_(platform), registry_(registry), name_(std::move(name)), identifier_(identifier),
-      lastKeyUp_(platform.clock.now()) {}
+      lastKeyUp_(platform.clock.now()), editsFromOutside_(platform.userDefaults.observe(
+                                            name_.storageKey(), [this](DefaultsChange change) {
+                                                if (change == DefaultsChange::fromOutside) {
+                                                    takeOverStoredEntry();
+                                                }
+                                            })) {}
 
 KeyCommandProxy::~KeyCommandProxy() {
     if (isRegistered_) {
@@ -43,6 +48,21 @@ void KeyCommandProxy::setModifiers(Modifiers modifiers) {
 void KeyCommandProxy::keyOrModifiersChanged() {
     unregisterHotKey(Reregistration::yes);
     keyAndModifiersDidChange_.emit();
+}
+
+/// Somebody edited the settings file. An entry that cannot be read changes nothing; one that was
+/// taken out clears the command.
+void KeyCommandProxy::takeOverStoredEntry() {
+    auto stored = storedKeyCommand(platform_.userDefaults, name_);
+    if (!stored && platform_.userDefaults.find(name_.storageKey()) != nullptr) {
+        return;
+    }
+    setBlocksRegistrationChanges(true);
+    setKey(stored ? stored->key : std::nullopt);
+    setModifiers(stored ? std::move(stored->modifiers) : Modifiers());
+    setBlocksRegistrationChanges(false);
+    unregisterHotKey(Reregistration::no);
+    registerHotKey();
 }
 
 void KeyCommandProxy::registerHotKey() {

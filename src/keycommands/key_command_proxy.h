@@ -71,6 +71,7 @@ public:
 
 private:
     void keyOrModifiersChanged();
+    void takeOverStoredEntry();
     void store();
     void fire(const KeyCommand::EventType& event);
     void forgetRemovedObservations();
@@ -95,6 +96,7 @@ private:
     int firingDepth_ = 0;
     Subscription menuDidBegin_;
     Subscription menuDidEnd_;
+    Subscription editsFromOutside_;
 };
 
 } // namespace dwellkey

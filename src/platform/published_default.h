@@ -19,7 +19,7 @@ public:
     PublishedDefault(ObservableObject& owner, UserDefaults& store, std::string_view key,
                      Value defaultValue)
         : owner_(owner), stored_(store, key, std::move(defaultValue)),
-          observation_(stored_.observe([this] {
+          observation_(stored_.observe([this](DefaultsChange) {
               if (!assigning_) {
                   owner_.objectWillChange.emit();
               }

@@ -38,7 +38,7 @@ public:
     void set(Value value) { store_.set(key_, DefaultsValue(std::move(value))); }
 
     [[nodiscard]] std::string_view key() const { return key_; }
-    [[nodiscard]] Subscription observe(std::function<void()> changed) const {
+    [[nodiscard]] Subscription observe(std::function<void(DefaultsChange)> changed) const {
         return store_.observe(key_, std::move(changed));
     }
 

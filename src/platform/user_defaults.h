@@ -22,6 +22,9 @@ struct Data {
 using DefaultsValue =
     std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>, Data>;
 
+/// Who changed a value: a `set` or `remove` in this process, or an edit of the store from outside.
+enum class DefaultsChange { ours, fromOutside };
+
 /// Typed values by key. What is set is read back at once; backends that persist do so by the end
 /// of the turn of the run loop, and log (never throw) what goes wrong.
 class UserDefaults {
@@ -40,10 +43,9 @@ public:
     /// No effect when the key is missing.
     virtual void remove(std::string_view key) = 0;
 
-    /// Runs `changed` after the key's value became another one, whoever changed it: this process
-    /// (at once) or an edit from outside.
+    /// Runs `changed` after the key's value became another one: at once for our own changes.
     [[nodiscard]] virtual Subscription observe(std::string_view key,
-                                               std::function<void()> changed) = 0;
+                                               std::function<void(DefaultsChange)> changed) = 0;
 
     /// Persists what is still pending, now. For the end of the process.
     virtual void synchronize() = 0;

@@ -44,6 +44,11 @@ PreferencesViewModel::PreferencesViewModel(Platform& platform, AlertManager& ale
       delayUntilActivation_(*this, platform.userDefaults, "delayUntilActivation", 2.0) {
     loadApps();
     refreshAppsOnDisk();
+    appURLsFromOutside_ = platform.userDefaults.observe(appURLsKey, [this](DefaultsChange change) {
+        if (change == DefaultsChange::fromOutside) {
+            takeOverAppsFromOutside();
+        }
+    });
 }
 
 AppScopeMode PreferencesViewModel::selectedAppScope() const {
@@ -96,14 +101,31 @@ void PreferencesViewModel::saveApps() {
     platform_.userDefaults.set(appURLsKey, std::move(urls));
 }
 
-void PreferencesViewModel::loadApps() {
+/// Empty when nothing is stored, or something else than a list of texts. A copy, since the list is
+/// stored anew while it is walked.
+std::vector<std::string> PreferencesViewModel::storedAppURLs() const {
     const DefaultsValue* stored = platform_.userDefaults.find(appURLsKey);
     const auto* list = stored != nullptr ? std::get_if<std::vector<std::string>>(stored) : nullptr;
-    if (list == nullptr) {
-        return;
+    return list != nullptr ? *list : std::vector<std::string>();
+}
+
+/// An edit of the settings file: the list becomes what the file says, and the file is left as its
+/// editor wrote it.
+void PreferencesViewModel::takeOverAppsFromOutside() {
+    std::vector<AppInfo> apps;
+    for (const std::string& text : storedAppURLs()) {
+        if (const auto url = Url::parse(text)) {
+            AppInfo app(*url, platform_);
+            app.existsOnDisk = platform_.bundleReader.fileExists(url->path());
+            apps.push_back(std::move(app));
+        }
     }
-    const auto texts = *list; // a copy: each append stores the list anew
-    for (const std::string& text : texts) {
+    objectWillChange.emit();
+    apps_ = std::move(apps);
+}
+
+void PreferencesViewModel::loadApps() {
+    for (const std::string& text : storedAppURLs()) {
         if (const auto url = Url::parse(text)) {
             appendApp(AppInfo(*url, platform_));
         }

@@ -90,6 +90,8 @@ private:
     template <std::invocable<std::vector<AppInfo>&> Change>
     void assignApps(Change change);
     void loadApps();
+    void takeOverAppsFromOutside();
+    [[nodiscard]] std::vector<std::string> storedAppURLs() const;
 
     Platform& platform_;
     AlertManager& alertManager_;
@@ -100,6 +102,7 @@ private:
     bool isUpdatingLoginItem_ = true;
     PublishedDefault<bool> startOnLogin_;
     PublishedDefault<double> delayUntilActivation_;
+    Subscription appURLsFromOutside_;
 };
 
 } // namespace dwellkey

@@ -12,16 +12,20 @@ const DefaultsValue* FakeUserDefaults::find(std::string_view key) const {
 
 void FakeUserDefaults::set(std::string_view key, DefaultsValue value) {
     ++writes_[std::string(key)];
-    setFromOutside(key, std::move(value));
+    store(key, std::move(value), DefaultsChange::ours);
 }
 
 void FakeUserDefaults::setFromOutside(std::string_view key, DefaultsValue value) {
+    store(key, std::move(value), DefaultsChange::fromOutside);
+}
+
+void FakeUserDefaults::store(std::string_view key, DefaultsValue value, DefaultsChange change) {
     const DefaultsValue* present = find(key);
     if (present != nullptr && *present == value) {
         return;
     }
     values_.insert_or_assign(std::string(key), std::move(value));
-    notify(key);
+    notify(key, change);
 }
 
 void FakeUserDefaults::remove(std::string_view key) {
@@ -30,10 +34,11 @@ void FakeUserDefaults::remove(std::string_view key) {
         return;
     }
     values_.erase(found);
-    notify(key);
+    notify(key, DefaultsChange::ours);
 }
 
-Subscription FakeUserDefaults::observe(std::string_view key, std::function<void()> changed) {
+Subscription FakeUserDefaults::observe(std::string_view key,
+                                       std::function<void(DefaultsChange)> changed) {
     return observers_[std::string(key)].subscribe(std::move(changed));
 }
 
@@ -42,9 +47,9 @@ std::size_t FakeUserDefaults::writeCount(std::string_view key) const {
     return found == writes_.end() ? 0 : found->second;
 }
 
-void FakeUserDefaults::notify(std::string_view key) const {
+void FakeUserDefaults::notify(std::string_view key, DefaultsChange change) const {
     if (const auto found = observers_.find(key); found != observers_.end()) {
-        found->second.emit();
+        found->second.emit(change);
     }
 }
 

@@ -18,7 +18,7 @@ public:
     void set(std::string_view key, DefaultsValue value) override;
     void remove(std::string_view key) override;
     [[nodiscard]] Subscription observe(std::string_view key,
-                                       std::function<void()> changed) override;
+                                       std::function<void(DefaultsChange)> changed) override;
     void synchronize() override { ++synchronizeCount; }
 
     /// How often `set` was called for the key, with whatever value.
@@ -31,11 +31,12 @@ public:
     int synchronizeCount = 0;
 
 private:
-    void notify(std::string_view key) const;
+    void store(std::string_view key, DefaultsValue value, DefaultsChange change);
+    void notify(std::string_view key, DefaultsChange change) const;
 
     std::map<std::string, DefaultsValue, std::less<>> values_;
     std::map<std::string, std::size_t, std::less<>> writes_;
-    std::map<std::string, Signal<>, std::less<>> observers_;
+    std::map<std::string, Signal<DefaultsChange>, std::less<>> observers_;
 };
 
 } // namespace dwellkey

@@ -109,7 +109,8 @@ void JsonUserDefaults::remove(std::string_view key) {
     }
 }
 
-Subscription JsonUserDefaults::observe(std::string_view key, std::function<void()> changed) {
+Subscription JsonUserDefaults::observe(std::string_view key,
+                                       std::function<void(DefaultsChange)> changed) {
     return observers_[std::string(key)].subscribe(std::move(changed));
 }
 
@@ -121,7 +122,7 @@ void JsonUserDefaults::markPending(std::string_view key) {
     const std::string kept(key); // the caller's may be gone after the observers ran
     pending_.insert(kept);
     scheduleSave();
-    notify(kept);
+    notify(kept, DefaultsChange::ours);
 }
 
 void JsonUserDefaults::scheduleSave() {
@@ -227,13 +228,13 @@ void JsonUserDefaults::adopt(SettingsDocument settings) {
     const auto changed = keysWithOtherValues(settings_, settings);
     settings_ = std::move(settings);
     for (const std::string& key : changed) {
-        notify(key);
+        notify(key, DefaultsChange::fromOutside);
     }
 }
 
-void JsonUserDefaults::notify(std::string_view key) {
+void JsonUserDefaults::notify(std::string_view key, DefaultsChange change) {
     if (const auto found = observers_.find(key); found != observers_.end()) {
-        found->second.emit();
+        found->second.emit(change);
     }
 }
 

@@ -46,7 +46,7 @@ public:
     void set(std::string_view key, DefaultsValue value) override;
     void remove(std::string_view key) override;
     [[nodiscard]] Subscription observe(std::string_view key,
-                                       std::function<void()> changed) override;
+                                       std::function<void(DefaultsChange)> changed) override;
     void synchronize() override;
 
 private:
@@ -62,7 +62,7 @@ private:
     [[nodiscard]] bool setAside(const SettingsFile::Damaged& damage);
     void overlayPending(SettingsDocument& settings) const;
     void adopt(SettingsDocument settings);
-    void notify(std::string_view key);
+    void notify(std::string_view key, DefaultsChange change);
     void fileChanged();
     void complain(Complaint& last, std::string_view message, const std::string& cause);
     [[nodiscard]] FileLock lockBriefly() const;
@@ -72,7 +72,7 @@ private:
     SettingsFile file_;
     SettingsDocument settings_; // as they are in force: the pending ones included
     std::set<std::string, std::less<>> pending_;
-    std::map<std::string, Signal<>, std::less<>> observers_;
+    std::map<std::string, Signal<DefaultsChange>, std::less<>> observers_;
     Complaint saveComplaint_;
     Complaint editComplaint_;
     bool saveIsPosted_ = false;

@@ -105,7 +105,7 @@ TEST_F(JsonUserDefaultsTest, set_equalValueOrBackAgain_writesNothing) {
     write(R"({"a":1})");
     auto& store = open();
     int told = 0;
-    const auto subscription = store.observe("a", [&told] { ++told; });
+    const auto subscription = store.observe("a", [&told](DefaultsChange) { ++told; });
     store.set("a", std::int64_t{1});
     store.remove("missing");
     EXPECT_EQ(told, 0);
@@ -136,7 +136,8 @@ TEST_F(JsonUserDefaultsTest, edit_fromOutside_tellsTheObserversOfWhatChanged) {
     std::string told;
     std::vector<Subscription> subscriptions;
     for (const std::string key : {"changed", "removed", "same", "added"}) {
-        subscriptions.push_back(store.observe(key, [&told, key] { told += key + " "; }));
+        subscriptions.push_back(
+            store.observe(key, [&told, key](DefaultsChange) { told += key + " "; }));
     }
     write(R"({"changed":2, "same":1, "added":1})");
     EXPECT_TRUE(comesToHold("added", 1));
