@@ -2,7 +2,6 @@
 #include "app/x11_backend.h"
 
 #include "platform/linux/application_identity.h"
-#include "platform/linux/autostart_login_item.h"
 #include "platform/linux/default_file_manager.h"
 #include "platform/linux/desktop_entry_index.h"
 #include "platform/linux/environment.h"
@@ -41,25 +40,37 @@ private:
     QApplication application_;
 };
 
+struct UninstalledLoginItem final : LoginItem {
+    std::optional<Error> registerItem() override { return Error{"not installed"}; }
+    std::optional<Error> unregisterItem() override { return Error{"not installed"}; }
+    LoginItemStatus status() const override { return LoginItemStatus::notFound; }
+};
+
 /// What every Linux desktop shares.
 struct LinuxServices {
     LinuxServices(RunLoop& runLoop, ErrorLog& errorLog)
         : userDefaults(JsonUserDefaults::defaultPath(), runLoop, errorLog),
-          folders(BaseFolders::from(processEnvironment())),
-          entries(runLoop, folders.applicationFolders(), LocaleNames::from(processEnvironment()),
-                  splitList(processEnvironment()("PATH").value_or(""), ':')),
-          fileManager(runLoop, entries, processEnvironment()),
+          entries(runLoop, folders.applicationFolders(), LocaleNames::from(environment),
+                  splitList(environment("PATH").value_or(""), ':')),
+          fileManager(runLoop, entries, folders,
+                      splitList(environment("XDG_CURRENT_DESKTOP").value_or(""), ':')),
           identifier(entries, fileManager, processes),
           bundleReader(entries, ResourceFiles(ResourceFiles::defaultFolders())) {}
 
+    Environment environment = processEnvironment();
+    BaseFolders folders = BaseFolders::from(environment);
     JsonUserDefaults userDefaults;
-    BaseFolders folders;
     DesktopEntryIndex entries;
     DefaultFileManager fileManager;
-    LinuxProcessReader processes;
+    ProcFolderReader processes;
     ApplicationIdentifier identifier;
     LinuxBundleReader bundleReader;
-    AutostartLoginItem loginItem;
+    UninstalledLoginItem loginItem;
+};
+
+/// Placeholder until the autostart entry lands.
+struct NoShortcuts final : SystemShortcuts {
+    List copySymbolicHotKeys() const override { return {}; }
 };
 
 class X11Backend final : public Backend {
@@ -113,6 +124,7 @@ private:
     QtAlerts alerts_;
     QtBeeper beeper_;
     QtMenuTracking menuTracking_;
+    NoShortcuts systemShortcuts_;
     QtWindowHost windowHost_;
     Platform platform_;
     Subscription lost_;
