@@ -67,7 +67,10 @@ TEST_P(UserDefaultsConformance, mistypedValue_readsAsTheDefault_wholeNumberAsADo
 
 TEST_P(UserDefaultsConformance, observers_hearEachChangeOfTheirKeyAtOnce) {
     int changes = 0;
-    auto subscription = driver->store().observe("key", [&] { ++changes; });
+    auto subscription = driver->store().observe("key", [&](DefaultsChange change) {
+        EXPECT_EQ(change, DefaultsChange::ours);
+        ++changes;
+    });
     driver->store().set("other", true);
     driver->store().remove("key");
     EXPECT_EQ(changes, 0);
@@ -85,7 +88,7 @@ TEST_P(UserDefaultsConformance, observers_hearEachChangeOfTheirKeyAtOnce) {
 }
 
 TEST_P(UserDefaultsConformance, observerThatWrites_seesItsOwnValue) {
-    const auto subscription = driver->store().observe("key", [&] {
+    const auto subscription = driver->store().observe("key", [&](DefaultsChange) {
         if (*driver->store().find("key") == DefaultsValue(std::int64_t{1})) {
             driver->store().set("key", std::int64_t{2});
         }
@@ -99,7 +102,10 @@ TEST_P(UserDefaultsConformance, editFromOutside_isHeardAndReadAndKeepsTheRest) {
     driver->store().set("key", std::string("before"));
     driver->store().synchronize();
     int changes = 0;
-    const auto subscription = driver->store().observe("key", [&] { ++changes; });
+    const auto subscription = driver->store().observe("key", [&](DefaultsChange change) {
+        EXPECT_EQ(change, DefaultsChange::fromOutside);
+        ++changes;
+    });
     driver->editFromOutside("key", std::string("after"));
     ASSERT_TRUE(driver->runUntil([&] { return changes > 0; }));
     EXPECT_EQ(changes, 1);
