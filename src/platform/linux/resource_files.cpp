@@ -2,27 +2,17 @@
 #include "platform/linux/resource_files.h"
 
 #include "platform/linux/text_encoding.h"
+#include "platform/linux/text_file.h"
 
+#include <cstddef>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
+#include <variant>
 
 namespace dwellkey {
 namespace {
 
-constexpr std::uintmax_t largestResource = 1024UL * 1024;
-
-std::optional<std::string> readRegularFile(const std::filesystem::path& path) {
-    std::error_code failure;
-    if (!std::filesystem::is_regular_file(path, failure)
-        || std::filesystem::file_size(path, failure) > largestResource || failure) {
-        return std::nullopt;
-    }
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    return file.bad() || !file.is_open() ? std::nullopt : std::optional(std::move(bytes));
-}
+constexpr std::size_t largestResource = 1024UL * 1024; // bytes
 
 bool isBelow(const std::string& path, std::string_view folder) {
     return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
@@ -45,10 +35,11 @@ std::vector<std::string> ResourceFiles::defaultFolders() {
 
 std::optional<std::string> ResourceFiles::resourceText(std::string_view name,
                                                        std::string_view type) const {
-    const std::string fileName = std::string(name) + "." + std::string(type);
+    const std::string fileName = "/" + std::string(name) + "." + std::string(type);
     for (const std::string& folder : folders_) {
-        const auto bytes = readRegularFile(std::filesystem::path(folder) / fileName);
-        if (auto text = bytes ? decodeText(*bytes) : std::nullopt) {
+        const auto content = readTextFile(folder + fileName, largestResource);
+        const auto* bytes = std::get_if<std::string>(&content);
+        if (auto text = bytes == nullptr ? std::nullopt : decodeText(*bytes)) {
             return text;
         }
     }
