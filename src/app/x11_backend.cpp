@@ -14,6 +14,7 @@
 #include "platform/qt/qt_application_actions.h"
 #include "platform/qt/qt_menu_tracking.h"
 #include "platform/qt/qt_run_loop.h"
+#include "platform/qt/qt_session_lock.h"
 #include "platform/qt/qt_url_opener.h"
 #include "platform/x11/x11_connection.h"
 #include "platform/x11/x11_hot_keys.h"
@@ -101,8 +102,10 @@ public:
                                            windowHost_,
                                            panelSupport_},
           lost_(connection_->lost.subscribe(
-              [this] { lost.emit("the connection to the X server broke"); })) {
+              [this] { lost.emit("the connection to the X server broke"); })),
+          didLock_(sessionLock_.didLock.subscribe([this] { hotKeys_.releaseAll(); })) {
         connection_->attach(runLoop_);
+        runLoop_.post([this] { sessionLock_.start(); }); // after the hot keys are live
     }
 
     Platform& platform() override { return platform_; }
@@ -125,9 +128,11 @@ private:
     QtBeeper beeper_;
     QtMenuTracking menuTracking_;
     NoShortcuts systemShortcuts_;
+    QtSessionLock sessionLock_;
     QtWindowHost windowHost_;
     Platform platform_;
     Subscription lost_;
+    Subscription didLock_;
 };
 
 } // namespace

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_session_lock.h"
+
+#include <QDBusConnection>
+
+namespace dwellkey {
+
+void QtSessionLock::start() {
+    QDBusConnection::systemBus().connect(QStringLiteral("org.freedesktop.login1"), QString(),
+                                         QStringLiteral("org.freedesktop.login1.Session"),
+                                         QStringLiteral("Lock"), this, SLOT(lockRequested()));
+    for (const char* interface : {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
+                                  "org.cinnamon.ScreenSaver", "org.mate.ScreenSaver",
+                                  "org.xfce.ScreenSaver"}) {
+        QDBusConnection::sessionBus().connect(QString(), QString(),
+                                              QString::fromLatin1(interface),
+                                              QStringLiteral("ActiveChanged"), this,
+                                              SLOT(screenSaverChanged(bool)));
+    }
+}
+
+void QtSessionLock::lockRequested() {
+    didLock.emit();
+}
+
+void QtSessionLock::screenSaverChanged(bool isActive) {
+    if (isActive) {
+        didLock.emit();
+    }
+}
+
+} // namespace dwellkey
