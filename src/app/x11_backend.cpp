@@ -2,6 +2,7 @@
 #include "app/x11_backend.h"
 
 #include "platform/linux/application_identity.h"
+#include "platform/linux/autostart_login_item.h"
 #include "platform/linux/default_file_manager.h"
 #include "platform/linux/desktop_entry_index.h"
 #include "platform/linux/environment.h"
@@ -41,12 +42,6 @@ private:
     QApplication application_;
 };
 
-struct UninstalledLoginItem final : LoginItem {
-    std::optional<Error> registerItem() override { return Error{"not installed"}; }
-    std::optional<Error> unregisterItem() override { return Error{"not installed"}; }
-    LoginItemStatus status() const override { return LoginItemStatus::notFound; }
-};
-
 /// What every Linux desktop shares.
 struct LinuxServices {
     LinuxServices(RunLoop& runLoop, ErrorLog& errorLog)
@@ -66,7 +61,7 @@ struct LinuxServices {
     ProcFolderReader processes;
     ApplicationIdentifier identifier;
     LinuxBundleReader bundleReader;
-    UninstalledLoginItem loginItem;
+    AutostartLoginItem loginItem{AutostartPlaces::from(environment)};
 };
 
 /// Placeholder until the autostart entry lands.
