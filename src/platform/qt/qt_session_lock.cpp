@@ -9,11 +9,10 @@ void QtSessionLock::start() {
     QDBusConnection::systemBus().connect(QStringLiteral("org.freedesktop.login1"), QString(),
                                          QStringLiteral("org.freedesktop.login1.Session"),
                                          QStringLiteral("Lock"), this, SLOT(lockRequested()));
-    for (const char* interface : {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
-                                  "org.cinnamon.ScreenSaver", "org.mate.ScreenSaver",
-                                  "org.xfce.ScreenSaver"}) {
-        QDBusConnection::sessionBus().connect(QString(), QString(),
-                                              QString::fromLatin1(interface),
+    for (const char* interface :
+         {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver", "org.cinnamon.ScreenSaver",
+          "org.mate.ScreenSaver", "org.xfce.ScreenSaver"}) {
+        QDBusConnection::sessionBus().connect(QString(), QString(), QString::fromLatin1(interface),
                                               QStringLiteral("ActiveChanged"), this,
                                               SLOT(screenSaverChanged(bool)));
     }
