@@ -187,7 +187,8 @@ std::optional<Program> sandboxProgram(const CommandWords& words) {
             const bool told = std::any_of(word + 1, words.end(), [](const std::string& argument) {
                 return !argument.starts_with("@@");
             });
-            return Program{command.value_or(*word), told};
+            std::string name = command.value_or(*word);
+            return name.empty() ? std::nullopt : std::optional(Program{std::move(name), told});
         }
     }
     return std::nullopt;

@@ -92,7 +92,8 @@ std::optional<SnapApplication> snapOfUnit(std::string_view unit) {
     constexpr std::string_view prefix = "snap.";
     constexpr std::size_t uuidLength = 36;
     const bool isScope = removeSuffix(unit, ".scope");
-    if (!unit.starts_with(prefix) || (!isScope && !removeSuffix(unit, ".service"))) {
+    const bool isUnit = isScope || removeSuffix(unit, ".service");
+    if (!isUnit || !unit.starts_with(prefix)) {
         return std::nullopt;
     }
     unit.remove_prefix(prefix.size());
@@ -106,6 +107,9 @@ std::optional<SnapApplication> snapOfUnit(std::string_view unit) {
             return std::nullopt;
         }
         application.remove_suffix(uuidLength + 1); // with the '-' (older: '.') in front of it
+    }
+    if (application.empty()) {
+        return std::nullopt;
     }
     return SnapApplication{std::string(unit.substr(0, dot)), std::string(application)};
 }

@@ -151,6 +151,7 @@ TEST(Exec, program_is_found_behind_its_wrappers) {
                       "org.example.Editor @@u %U @@"),
               "editor");
     EXPECT_EQ(program("flatpak run org.example.Editor --new"), "org.example.Editor ...");
+    EXPECT_EQ(program("flatpak run --command= org.example.Editor"), "none");
     EXPECT_EQ(program("snap run editor"), "editor");
     EXPECT_EQ(program("env HINT=/x.desktop /snap/bin/editor %U"), "/snap/bin/editor");
     EXPECT_EQ(program("python3.11 -u /usr/bin/foo"), "/usr/bin/foo");

@@ -68,6 +68,8 @@ TEST(SnapUnit, names_the_snap_and_its_application) {
     EXPECT_EQ(snap("snap.cups.cupsd.service"), (SnapApplication{"cups", "cupsd"}));
     EXPECT_EQ(snap("snap.code.x.scope"), std::nullopt);
     EXPECT_EQ(snap("snap.code"), std::nullopt);
+    EXPECT_EQ(snap("snap.code..service"), std::nullopt);
+    EXPECT_EQ(snap("snap.service"), std::nullopt);
 }
 
 } // namespace
