@@ -134,9 +134,12 @@ void X11Workspace::handleEvent(const xcb_generic_event_t& event) {
 
 void X11Workspace::followActiveWindow() {
     const xcb_window_t window = windows_.activeWindow();
-    if (window == activeWindow_) {
-        return;
+    if (window != activeWindow_) {
+        setActiveWindow(window);
     }
+}
+
+void X11Workspace::setActiveWindow(xcb_window_t window) {
     activeWindow_ = window;
     auto application =
         window == XCB_WINDOW_NONE ? nullptr : applicationOf(windows_.describe(window));
@@ -161,7 +164,13 @@ void X11Workspace::followClientWindows() {
     for (const X11Window& window : windows_.describe(unknown)) {
         clients.emplace(window.id, window.isDesktop ? window.process : std::nullopt);
     }
+    const bool isActiveWindowGone =
+        clients_.contains(activeWindow_) && !clients.contains(activeWindow_);
     clients_ = std::move(clients);
+    if (isActiveWindowGone) {
+        // Some window managers go on naming it, and the server soon gives its number to another.
+        setActiveWindow(XCB_WINDOW_NONE);
+    }
 }
 
 std::shared_ptr<X11RunningApplication> X11Workspace::applicationOf(X11Window window) const {

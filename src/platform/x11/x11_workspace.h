@@ -77,6 +77,7 @@ public:
 private:
     void handleEvent(const xcb_generic_event_t& event);
     void followActiveWindow();
+    void setActiveWindow(xcb_window_t window);
     void followClientWindows();
     [[nodiscard]] std::shared_ptr<X11RunningApplication> applicationOf(X11Window window) const;
 
