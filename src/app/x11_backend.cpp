@@ -100,14 +100,7 @@ public:
               [this] { lost.emit("the connection to the X server broke"); })),
           didLock_(sessionLock_.didLock.subscribe([this] { hotKeys_.releaseAll(); })) {
         connection_->attach(runLoop_);
-        runLoop_.post([this, &errorLog] { // after the hot keys are live
-            sessionLock_.start();
-            static_cast<void>(linux_.entries.applications()); // looks, and so begins to watch
-            if (const auto& problem = linux_.entries.watchProblem()) {
-                errorLog.error("Newly installed applications go unnoticed until the next start.",
-                               *problem);
-            }
-        });
+        runLoop_.post([this] { sessionLock_.start(); }); // after the hot keys are live
     }
 
     Platform& platform() override { return platform_; }

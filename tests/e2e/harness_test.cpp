@@ -11,7 +11,7 @@ using Harness = EndToEnd;
 
 TEST_P(Harness, probe_keyInFront_reportsItOnceWithItsState) {
     Probe probe(desktop);
-    pressQuit();
+    pressShortcut();
     keyboard.releaseAll();
     probe.awaitCount("key-release", 2);
     const auto presses = probe.events("key-press");

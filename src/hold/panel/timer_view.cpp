@@ -24,7 +24,7 @@ constexpr int edgePadding = 32; // sets title and bar in the middle of the defau
 constexpr int spacing = 8;
 constexpr int titlePixels = 40;
 constexpr double cornerRadius = 12.0;
-constexpr float translucency = 0.94F;
+constexpr float translucency = 0.88F;
 constexpr float edgeAlpha = 0.18F;
 
 QFont titleFont(const QFont& base) {

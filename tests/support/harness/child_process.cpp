@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include <fcntl.h>
@@ -45,6 +46,8 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     ::dup2(output, STDOUT_FILENO);
     ::dup2(log, STDERR_FILENO);
     ::execvpe(arguments[0], arguments, environment);
+    constexpr std::string_view message = "the program cannot be executed\n";
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, message.data(), message.size());
     ::_exit(couldNotExecute);
 }
 

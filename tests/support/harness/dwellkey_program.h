@@ -17,8 +17,8 @@ enum class Scope { allExceptListed, onlyListed };
 struct Settings {
     double delay = 0.25; // seconds
     Scope scope = Scope::allExceptListed;
-    std::vector<std::string> listedApplications; // file: URLs of desktop entries
-    bool guardsCloseWindow = false;              // with Ctrl+W
+    std::vector<std::string> listedApplications = {}; // file: URLs of desktop entries
+    bool guardsCloseWindow = false;                   // with Ctrl+W
     bool isFirstLaunch = false;
 
     [[nodiscard]] std::string json() const;

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include <xcb/xcb.h>
-#define explicit explicitActions // xkb.h names a struct member so
+#define explicit explicit_member // NOLINT: xkb.h is C that names a member so
 #include <xcb/xkb.h>
 #undef explicit
 #include <xcb/xtest.h>

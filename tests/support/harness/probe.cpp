@@ -37,27 +37,30 @@ Probe::Probe(Desktop& desktop, const std::vector<std::string>& options)
     : process_(desktop.start(command(options), {}, ChildProcess::Output::toPipe)) {
     awaitCount("ready", 1);
     for (const auto& event : events("window")) {
-        if (event.role == "normal") {
+        if (event.role != "dialog") {
             windows_.push_back(event.window);
         }
     }
-    awaitOnScreen(desktop);
+    awaitOnScreen(desktop.screen());
     forget();
 }
 
-void Probe::awaitOnScreen(const Desktop& desktop) {
-    const auto& screen = desktop.screen();
-    screen.await("the probe's windows to be managed and one of them active", [&] {
+void Probe::awaitOnScreen(const Screen& screen) {
+    const auto opened = events("window");
+    screen.await("the probe's windows to be managed", [&] {
         const auto managed = screen.managedWindows();
-        const auto ours = events("window");
-        const auto isManaged = [&](const ProbeEvent& event) {
+        return std::ranges::all_of(opened, [&](const ProbeEvent& event) {
             return std::ranges::find(managed, event.window) != managed.end();
-        };
-        return std::ranges::all_of(ours, isManaged)
-               && std::ranges::any_of(ours, [&](const ProbeEvent& event) {
-                      return event.role == "desktop" || screen.activeWindow() == event.window;
-                  });
+        });
     });
+    const auto& last = opened.back();
+    if (last.role == "desktop") {
+        return;
+    }
+    // A window manager may think that the user is busy with another window.
+    screen.activate(last.window);
+    screen.await("the probe to have the focus",
+                 [&] { return screen.focusedWindow() == last.window; });
 }
 
 const std::vector<ProbeEvent>& Probe::events() {

@@ -16,7 +16,7 @@ struct ProbeEvent {
     std::string kind; // "key-press", "close-request", ...: see tests/e2e/probe
     TimePoint time;
     Window window = XCB_NONE;
-    std::string role; // of the window: "normal", "dialog" or "prompt"
+    std::string role; // of the window: "normal", "desktop", "dialog" or "prompt"
     int key = 0;      // X key code
     unsigned state = 0;
     bool isAutoRepeat = false;
@@ -25,7 +25,8 @@ struct ProbeEvent {
 
 class Probe {
 public:
-    /// Starts the probe and waits until all its windows are on the screen and one is active.
+    /// Starts the probe and waits until all its windows are on the screen and the last one is
+    /// active.
     explicit Probe(Desktop& desktop, const std::vector<std::string>& options = {});
 
     /// What it has reported so far, in order.
@@ -47,11 +48,11 @@ public:
     ChildProcess& process() { return *process_; }
 
 private:
-    void awaitOnScreen(const Desktop& desktop);
+    void awaitOnScreen(const Screen& screen);
 
     std::unique_ptr<ChildProcess> process_;
     std::vector<ProbeEvent> events_;
-    std::vector<Window> windows_; // normal ones, in the order of creation
+    std::vector<Window> windows_; // without the dialog, in the order of creation
 };
 
 } // namespace dwellkey::e2e

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// Neighbours that fail, and failing without harm to them.
+#include "end_to_end.h"
+
+#include <csignal>
+#include <set>
+#include <sstream>
+
+namespace dwellkey::e2e {
+
+class Robustness : public EndToEnd {
+protected:
+    const Settings settings{.delay = 0.85, .guardsCloseWindow = true};
+    const Milliseconds delay = settings.delayInMilliseconds();
+};
+
+/// The different lines of the log that hold the text.
+std::set<std::string> linesWith(const std::string& text, const std::string& log) {
+    std::set<std::string> lines;
+    std::istringstream stream(log);
+    for (std::string line; std::getline(stream, line);) {
+        if (line.find(text) != std::string::npos) {
+            lines.insert(line);
+        }
+    }
+    return lines;
+}
+
+TEST_P(Robustness, combinationHeldByAnotherProgram_isLoggedWithItsCauseAndTheRestGoesOn) {
+    Probe probe(desktop, {"--windows", "2"});
+    const XConnection other(desktop.server().display());
+    xcb_grab_key(other.get(), 0, other.root(), XCB_MOD_MASK_CONTROL, key::q, XCB_GRAB_MODE_ASYNC,
+                 XCB_GRAB_MODE_ASYNC);
+    other.synchronize();
+    const Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding(key::w);
+    holdToTheEnd(key::w);
+    probe.awaitCount("close-request", 1);
+    const auto lines = linesWith("Key command registration failed.", dwellkey.log());
+    ASSERT_EQ(lines.size(), 1U) << dwellkey.log();
+    EXPECT_NE(lines.begin()->find("already grabbed by another program"), std::string::npos)
+        << *lines.begin();
+}
+
+TEST_P(Robustness, displayLost_endsTheProcessWithAMessage) {
+    const Probe probe(desktop);
+    Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    desktop.server().process().terminate();
+    const auto status = dwellkey.process().awaitEnd();
+    EXPECT_NE(status.code.value_or(0), 0);
+    EXPECT_NE(dwellkey.log().find("X server"), std::string::npos) << dwellkey.log();
+}
+
+TEST_P(Robustness, noDisplay_endsTheProcessWithAMessage) {
+    Dwellkey dwellkey(desktop, settings, {{"DISPLAY", ":nowhere"}});
+    EXPECT_EQ(dwellkey.process().awaitEnd(), (ExitStatus{EXIT_FAILURE, {}}));
+    EXPECT_NE(dwellkey.log().find("cannot start"), std::string::npos) << dwellkey.log();
+}
+
+TEST_P(Robustness, stoppedProcess_neverFreezesTheKeyboardNorQuitsLater) {
+    Probe probe(desktop, {"--text"});
+    Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    dwellkey.process().signal(SIGSTOP);
+    const TimePoint down = pressShortcut();
+    keyboard.releaseAll();
+    keyboard.tap(key::x);
+    probe.awaitPresses(key::x, 1);
+    EXPECT_TRUE(probe.staysWithout("close-request", down + delay));
+    dwellkey.process().signal(SIGCONT);
+    EXPECT_TRUE(probe.staysWithout("close-request", Clock::now() + delay + afterthought));
+    EXPECT_FALSE(screen.panel());
+}
+
+TEST_P(Robustness, stoppedDuringAHoldThatIsLetGo_quitsNothingWhenItGoesOn) {
+    Probe probe(desktop, {"--text"});
+    Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    const TimePoint down = beginHold();
+    dwellkey.process().signal(SIGSTOP);
+    keyboard.releaseAll();
+    ASSERT_LT(Clock::now(), down + delay) << "the machine is too slow for this test";
+    keyboard.tap(key::x);
+    probe.awaitPresses(key::x, 1);
+    EXPECT_TRUE(probe.staysWithout("close-request", down + delay + afterthought));
+    dwellkey.process().signal(SIGCONT);
+    screen.awaitNoPanel();
+    EXPECT_TRUE(probe.staysWithout("close-request", Clock::now() + delay));
+}
+
+TEST_P(Robustness, windowManagerRestartedBetweenHolds_guardsAsBefore) {
+    Probe probe(desktop);
+    const Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    desktop.windowManager().restart();
+    screen.await("the window to be managed again",
+                 [&] { return !screen.managedWindows().empty(); });
+    screen.activate(probe.window());
+    dwellkey.awaitGuarding();
+    holdToTheEnd();
+    EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
+    EXPECT_EQ(probe.count("close-request"), 1U);
+}
+
+TEST_P(Robustness, windowManagerRestartedDuringAHold_holdEndsAndTheNextOneWorks) {
+    Probe probe(desktop, {"--refuse"});
+    Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    beginHold();
+    desktop.windowManager().restart();
+    screen.awaitNoPanel();
+    keyboard.releaseAll();
+    EXPECT_LE(probe.count("close-request"), 1U);
+    ASSERT_TRUE(dwellkey.process().isRunning());
+    Probe next(desktop);
+    screen.activate(next.window());
+    dwellkey.awaitGuarding();
+    holdToTheEnd();
+    EXPECT_EQ(next.process().awaitEnd(), (ExitStatus{0, {}}));
+}
+
+TEST_P(Robustness, askedToEnd_endsAndGivesTheKeysBack) {
+    Probe probe(desktop);
+    Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    EXPECT_EQ(dwellkey.process().terminate(), (ExitStatus{0, {}}));
+    pressShortcut();
+    probe.awaitPresses(key::q, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Robustness, everyWindowManager, parameterName);
+
+} // namespace dwellkey::e2e
