@@ -6,6 +6,9 @@
 #include <utility>
 
 #include <xcb/xcb.h>
+#ifdef __clang__
+#pragma clang diagnostic ignored "-Wkeyword-macro"
+#endif
 #define explicit explicit_member // NOLINT: xkb.h is C that names a member so
 #include <xcb/xkb.h>
 #undef explicit
