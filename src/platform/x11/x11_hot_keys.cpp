@@ -19,6 +19,8 @@ constexpr auto keyWatchInterval = 50ms;
 // Changing a layout sends a burst of notices.
 constexpr auto remakeDelay = 80ms;
 
+constexpr std::uint16_t allModifiers = 0xff;
+
 constexpr std::uint16_t xkbEvents =
     XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
 
@@ -49,7 +51,9 @@ std::uint8_t setUpXkb(const X11Connection& connection) {
 X11HotKeys::X11HotKeys(X11Connection& connection, RunLoop& runLoop, ErrorLog& errorLog)
     : connection_(connection), runLoop_(runLoop), errorLog_(errorLog),
       modifierMap_(X11ModifierMap::read(connection)), xkbFirstEvent_(setUpXkb(connection)),
-      events_(connection.event.subscribe([this](const auto& event) { handleEvent(event); })) {}
+      events_(connection.event.subscribe([this](const auto& event) { handleEvent(event); })) {
+    connection_.drainLater();
+}
 
 X11HotKeys::~X11HotKeys() {
     for (const HotKey& hotKey : hotKeys_) {
@@ -106,7 +110,9 @@ OSStatus X11HotKeys::unregisterHotKey(EventHotKeyRef ref) {
 void X11HotKeys::setStandsDown(EventHotKeyID id, bool standsDown) {
     const bool changed = standsDown ? standingDown_.emplace(id.signature, id.id).second
                                     : standingDown_.erase({id.signature, id.id}) > 0;
-    if (changed && pressed_.empty()) {
+    const bool isLost = std::ranges::any_of(
+        hotKeys_, [&](const HotKey& hotKey) { return hotKey.id == id && hotKey.lossReported; });
+    if ((changed || isLost) && pressed_.empty()) {
         applyStandDowns();
     }
 }
@@ -123,10 +129,7 @@ bool X11HotKeys::confirmPressed() {
 }
 
 void X11HotKeys::releaseAll() {
-    // By index: a handler may change the list.
-    for (std::size_t i = 0; i < pressed_.size(); ++i) { // NOLINT(modernize-loop-convert)
-        sendReleased(pressed_[i]);
-    }
+    releaseThose([](const PressedKey&) { return true; });
 }
 
 void X11HotKeys::handleEvent(const xcb_generic_event_t& event) {
@@ -146,21 +149,21 @@ void X11HotKeys::handleKeyPress(const xcb_key_press_event_t& event) {
         return; // auto-repeat; the key has to go up before it can be pressed again
     }
     const Grab grab{event.detail, modifierMap_.relevantState(event.state)};
+    // A combination that stood down while its press was on the way has still been taken from the
+    // application. Among keys tapped while the server sends us all of them it is none of ours.
+    const bool isFirst = pressed_.empty();
     const auto hotKey = std::ranges::find_if(hotKeys_, [&](const HotKey& candidate) {
-        return candidate.isGrabbed && candidate.grab == grab;
+        return candidate.grab == grab && (candidate.isGrabbed || isFirst);
     });
     if (hotKey == hotKeys_.end()) {
-        return; // another key, tapped while the server sends us all of them
+        handleModifierPress(event);
+        return;
     }
     PressedKey pressed{hotKey->ref, hotKey->id, grab.keycode, grab.modifiers,
                        0,           false,      ++lastSerial_};
     if (const auto down = queryPressedKeys(connection_)) {
-        for (std::size_t i = 0; i < 8; ++i) {
-            const auto bit = static_cast<std::uint16_t>(1U << i);
-            if ((grab.modifiers & bit) != 0 && (modifierMap_.keysOf(i) & *down).any()) {
-                pressed.heldModifiers |= bit;
-            }
-        }
+        keysDown_ = *down;
+        pressed.heldModifiers = modifiersAmong(*down, grab.modifiers);
     }
     pressed_.push_back(pressed);
     startWatchingKeys();
@@ -178,15 +181,31 @@ void X11HotKeys::handleKeyRelease(const xcb_key_release_event_t& event) {
         }
         return;
     }
-    const std::uint16_t modifiers = modifierMap_.modifiersOfKey(event.detail);
-    const bool concernsUs = std::ranges::any_of(
-        pressed_, [&](const PressedKey& pressed) { return (pressed.modifiers & modifiers) != 0; });
-    if (concernsUs) {
-        // The other Ctrl may still be down; only the key map knows.
-        if (const auto down = queryPressedKeys(connection_)) {
-            applyKeyState(*down, lastSerial_);
+    keysDown_.reset(event.detail);
+    // The other Ctrl may still be down.
+    const auto gone = static_cast<std::uint16_t>(modifierMap_.modifiersOfKey(event.detail)
+                                                 & ~modifiersAmong(keysDown_, allModifiers));
+    releaseThose([&](const PressedKey& pressed) { return (pressed.modifiers & gone) != 0; });
+}
+
+/// A modifier that goes down over a press was not needed for it, or it had been let go.
+void X11HotKeys::handleModifierPress(const xcb_key_press_event_t& event) {
+    keysDown_.set(event.detail);
+    const auto wasUp =
+        static_cast<std::uint16_t>(modifierMap_.modifiersOfKey(event.detail) & ~event.state);
+    releaseThose([&](const PressedKey& pressed) { return (pressed.heldModifiers & wasUp) != 0; });
+}
+
+/// Those of the modifiers that a key in `down` acts as.
+std::uint16_t X11HotKeys::modifiersAmong(const KeySet& down, std::uint16_t modifiers) const {
+    std::uint16_t found = 0;
+    for (std::size_t i = 0; i < 8; ++i) {
+        const auto bit = static_cast<std::uint16_t>(1U << i);
+        if ((modifiers & bit) != 0 && (modifierMap_.keysOf(i) & down).any()) {
+            found |= bit;
         }
     }
+    return found;
 }
 
 void X11HotKeys::sendPressed(const HotKey& hotKey) {
@@ -219,7 +238,9 @@ void X11HotKeys::checkPressedKeys() {
     if (!down) {
         return;
     }
-    applyKeyState(*down, serial);
+    releaseThose([&](const PressedKey& pressed) {
+        return pressed.serial <= serial && !isStillHeld(pressed, *down);
+    });
     const bool hadKeys = !pressed_.empty();
     std::erase_if(pressed_, [&](const PressedKey& key) {
         return key.serial <= serial && !(*down)[key.keycode];
@@ -229,26 +250,19 @@ void X11HotKeys::checkPressedKeys() {
     }
 }
 
-/// Sends the release of what is up in `down`. A key pressed after that answer is not judged by it.
-void X11HotKeys::applyKeyState(const KeySet& down, std::uint64_t upToSerial) {
+template <typename Condition>
+void X11HotKeys::releaseThose(Condition condition) {
     // By index: a handler may change the list.
     for (std::size_t i = 0; i < pressed_.size(); ++i) { // NOLINT(modernize-loop-convert)
-        if (pressed_[i].serial <= upToSerial && !isStillHeld(pressed_[i], down)) {
+        if (condition(pressed_[i])) {
             sendReleased(pressed_[i]);
         }
     }
 }
 
 bool X11HotKeys::isStillHeld(const PressedKey& pressed, const KeySet& down) const {
-    if (!down[pressed.keycode]) {
-        return false;
-    }
-    for (std::size_t i = 0; i < 8; ++i) {
-        if ((pressed.heldModifiers & (1U << i)) != 0 && (modifierMap_.keysOf(i) & down).none()) {
-            return false;
-        }
-    }
-    return true;
+    return down[pressed.keycode]
+           && modifiersAmong(down, pressed.heldModifiers) == pressed.heldModifiers;
 }
 
 void X11HotKeys::afterLastRelease() {
@@ -278,8 +292,8 @@ void X11HotKeys::applyStandDown(HotKey& hotKey) {
     }
     hotKey.isGrabbed = take(*hotKey.grab);
     if (!hotKey.isGrabbed && !std::exchange(hotKey.lossReported, true)) {
-        errorLog_.error("A guarded shortcut could not be taken back; the next change of the "
-                        "frontmost application tries again.",
+        errorLog_.error("A guarded shortcut could not be taken back; each change of the frontmost "
+                        "application tries again.",
                         statusDescription(eventHotKeyExistsErr));
     } else if (hotKey.isGrabbed) {
         hotKey.lossReported = false;
@@ -299,6 +313,7 @@ void X11HotKeys::handleMappingChange() {
 
 void X11HotKeys::remakeGrabs() {
     const auto map = X11ModifierMap::read(connection_);
+    connection_.drainLater();
     if (map == modifierMap_) {
         return;
     }

@@ -66,13 +66,16 @@ private:
     void handleEvent(const xcb_generic_event_t& event);
     void handleKeyPress(const xcb_key_press_event_t& event);
     void handleKeyRelease(const xcb_key_release_event_t& event);
+    void handleModifierPress(const xcb_key_press_event_t& event);
     void sendPressed(const HotKey& hotKey);
     void sendReleased(PressedKey& pressed);
     void send(std::uint32_t kind, EventHotKeyID id);
 
     void startWatchingKeys();
     void checkPressedKeys();
-    void applyKeyState(const KeySet& down, std::uint64_t upToSerial);
+    template <typename Condition>
+    void releaseThose(Condition condition);
+    [[nodiscard]] std::uint16_t modifiersAmong(const KeySet& down, std::uint16_t modifiers) const;
     [[nodiscard]] bool isStillHeld(const PressedKey& pressed, const KeySet& down) const;
     void afterLastRelease();
 
@@ -94,6 +97,10 @@ private:
     Handler handler_;
     std::vector<HotKey> hotKeys_;
     std::vector<PressedKey> pressed_;
+    // As the server told at the latest press, carried on by the events since. Those that were on
+    // their way then are counted twice, which is harmless: a release among them is one all the
+    // same.
+    KeySet keysDown_;
     std::set<std::pair<std::uint32_t, std::uint32_t>> standingDown_; // (signature, id)
     std::uint32_t lastRef_ = 0;
     std::uint64_t lastSerial_ = 0;

@@ -35,6 +35,14 @@ XkbPtr<xkb_state> unmodifiedState(xcb_connection_t* connection, xkb_keymap* keym
 
 } // namespace
 
+X11KeyboardLayout::X11KeyboardLayout(X11Connection& connection) : connection_(connection) {
+    // Without this the server refuses every later question; without XKB each stays unanswered.
+    xkb_x11_setup_xkb_extension(connection.raw(), XKB_X11_MIN_MAJOR_XKB_VERSION,
+                                XKB_X11_MIN_MINOR_XKB_VERSION, XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS,
+                                nullptr, nullptr, nullptr, nullptr);
+    connection_.drainLater();
+}
+
 std::string X11KeyboardLayout::character(std::uint16_t keyCode) const {
     const auto evdev = evdevKeyCode(keyCode);
     const XkbPtr<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));

@@ -10,7 +10,7 @@ namespace dwellkey {
 /// calls are rare (a recorder's label, the first launch), and nothing can go stale.
 class X11KeyboardLayout final : public KeyboardLayout {
 public:
-    explicit X11KeyboardLayout(X11Connection& connection) : connection_(connection) {}
+    explicit X11KeyboardLayout(X11Connection& connection);
 
     [[nodiscard]] std::string character(std::uint16_t keyCode) const override;
 
