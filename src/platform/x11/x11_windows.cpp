@@ -82,7 +82,9 @@ X11Window answer(const X11Connection& connection, const Questions& questions, bo
     };
     X11Window window;
     window.id = questions.window;
-    readClass(window, text(questions.wmClass));
+    const auto wmClass = awaitProperty(connection, questions.wmClass);
+    window.exists = wmClass != nullptr;
+    readClass(window, propertyText(wmClass.get()));
     const auto types = items(questions.type);
     window.isDesktop = contains(types, atoms.netWmWindowTypeDesktop);
     window.isDock = contains(types, atoms.netWmWindowTypeDock);

@@ -14,6 +14,7 @@ namespace dwellkey {
 
 struct X11Window {
     xcb_window_t id = XCB_WINDOW_NONE;
+    bool exists = false;
     std::string classInstance; // first text of WM_CLASS
     std::string className;     // second text of WM_CLASS
     std::optional<std::string> gtkApplicationId;

@@ -174,7 +174,7 @@ void X11Workspace::followClientWindows() {
 }
 
 std::shared_ptr<X11RunningApplication> X11Workspace::applicationOf(X11Window window) const {
-    if (window.isDesktop || window.isDock) {
+    if (!window.exists || window.isDesktop || window.isDock) {
         return nullptr; // clicking the desktop or a panel puts no application in front
     }
     WindowFacts facts;
