@@ -3,6 +3,7 @@
 find_package(PkgConfig REQUIRED)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus)
 find_package(nlohmann_json 3.11 REQUIRED)
+find_package(EXPAT 2.4 REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-xkb xcb-res)
 pkg_check_modules(XKBCOMMON REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11)
 if(DWELLKEY_TESTS)

@@ -11,6 +11,7 @@
 #include "platform/linux/process_facts.h"
 #include "platform/linux/resource_files.h"
 #include "platform/linux/script_host.h"
+#include "platform/linux/system_shortcuts.h"
 #include "platform/qt/qt_alerts.h"
 #include "platform/qt/qt_application_actions.h"
 #include "platform/qt/qt_menu_tracking.h"
@@ -64,11 +65,6 @@ struct LinuxServices {
     AutostartLoginItem loginItem{AutostartPlaces::from(environment)};
 };
 
-/// Placeholder until the autostart entry lands.
-struct NoShortcuts final : SystemShortcuts {
-    List copySymbolicHotKeys() const override { return {}; }
-};
-
 class X11Backend final : public Backend {
 public:
     X11Backend(std::unique_ptr<X11Connection> connection, int& argc, char** argv,
@@ -79,6 +75,7 @@ public:
                       openUrl}),
           scriptHost_(workspace_), hotKeys_(*connection_, runLoop_, errorLog),
           keyboardLayout_(*connection_), panelSupport_(*connection_),
+          systemShortcuts_(linux_.environment, keyboardLayout_, errorLog),
           windowHost_(errorLog), platform_{runLoop_,
                                            runLoop_,
                                            linux_.userDefaults,
@@ -122,7 +119,7 @@ private:
     QtAlerts alerts_;
     QtBeeper beeper_;
     QtMenuTracking menuTracking_;
-    NoShortcuts systemShortcuts_;
+    LinuxSystemShortcuts systemShortcuts_;
     QtSessionLock sessionLock_;
     QtWindowHost windowHost_;
     Platform platform_;

@@ -76,6 +76,14 @@ BaseFolders BaseFolders::from(const Environment& environment) {
     return result;
 }
 
+std::vector<std::string> BaseFolders::configFolders() const {
+    std::vector<std::string> result = configDirs;
+    if (configHome) {
+        result.insert(result.begin(), *configHome);
+    }
+    return result;
+}
+
 std::vector<std::string> BaseFolders::applicationFolders() const {
     std::vector<std::string> result;
     if (dataHome) {

@@ -32,6 +32,8 @@ struct BaseFolders {
 
     static BaseFolders from(const Environment& environment);
 
+    /// configHome and configDirs.
+    [[nodiscard]] std::vector<std::string> configFolders() const;
     /// The "applications" folders below dataHome and dataDirs.
     [[nodiscard]] std::vector<std::string> applicationFolders() const;
 };
