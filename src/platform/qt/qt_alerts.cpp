@@ -2,6 +2,7 @@
 #include "platform/qt/qt_alerts.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -35,6 +36,9 @@ int QtAlerts::runModal(const Alert& alert) {
     box.setTextFormat(Qt::PlainText);
     box.setText(plain(alert.messageText));
     box.setInformativeText(plain(alert.informativeText));
+    for (QLabel* label : box.findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText); // the box itself does so for the message only
+    }
     QList<QPushButton*> buttons;
     for (const std::string& title : alert.buttons) {
         const auto role = buttons.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole;

@@ -21,17 +21,18 @@ Subscription QtMenuTracking::observe(MenuTrackingNotification notification,
         inner->cancel();
         if (--observers_ == 0 && qApp != nullptr) {
             qApp->removeEventFilter(this);
+            openMenus_.clear(); // whether they close goes unseen now
         }
     });
 }
 
 bool QtMenuTracking::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show && qobject_cast<QMenu*>(watched) != nullptr) {
-        if (openMenus_++ == 0) {
+        if (openMenus_.insert(watched).second && openMenus_.size() == 1) {
             didBegin_.emit();
         }
-    } else if (event->type() == QEvent::Hide && qobject_cast<QMenu*>(watched) != nullptr) {
-        if (openMenus_ > 0 && --openMenus_ == 0) {
+    } else if (event->type() == QEvent::Hide) { // sent by the destructor too, to what is left
+        if (openMenus_.erase(watched) > 0 && openMenus_.empty()) {
             didEnd_.emit();
         }
     }

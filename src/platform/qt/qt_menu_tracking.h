@@ -4,6 +4,7 @@
 #include "platform/keyboard.h"
 
 #include <QObject>
+#include <set>
 
 namespace dwellkey {
 
@@ -23,7 +24,7 @@ private:
     Signal<> didBegin_;
     Signal<> didEnd_;
     int observers_ = 0;
-    int openMenus_ = 0;
+    std::set<const QObject*> openMenus_;
 };
 
 } // namespace dwellkey
