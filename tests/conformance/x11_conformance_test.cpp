@@ -96,13 +96,23 @@ private:
     X11KeyboardLayout layout_{*connection_};
 };
 
-/// The toolkit wants one, and its loops run in real time.
-void needApplication() {
-    static int argumentCount = 1;
-    static char name[] = "x11_conformance_test";
-    static char* arguments[] = {name, nullptr};
-    static const QCoreApplication application(argumentCount, static_cast<char**>(arguments));
-}
+/// The toolkit's loops want one.
+class Application final : public testing::Environment {
+public:
+    void SetUp() override {
+        application_ = std::make_unique<QCoreApplication>(argumentCount_, arguments_);
+    }
+    void TearDown() override { application_.reset(); }
+
+private:
+    int argumentCount_ = 1;
+    char name_[12] = "conformance";
+    char* arguments_[2] = {name_, nullptr};
+    std::unique_ptr<QCoreApplication> application_;
+};
+
+testing::Environment* const application =
+    testing::AddGlobalTestEnvironment(new Application); // NOLINT: GoogleTest owns it
 
 bool runLoopUntil(const std::function<bool()>& condition, std::chrono::nanoseconds limit) {
     const QDeadlineTimer deadline(limit);
@@ -117,7 +127,6 @@ bool runLoopUntil(const std::function<bool()>& condition, std::chrono::nanosecon
 
 class QtRunLoopDriver final : public RunLoopDriver {
 public:
-    QtRunLoopDriver() { needApplication(); }
     RunLoop& runLoop() override { return loop_; }
     Clock& clock() override { return loop_; }
     void runFor(std::chrono::nanoseconds duration) override {
@@ -138,11 +147,7 @@ private:
 
 class JsonUserDefaultsDriver final : public UserDefaultsDriver {
 public:
-    JsonUserDefaultsDriver() {
-        needApplication();
-        loop_ = std::make_unique<QtRunLoop>();
-        restart();
-    }
+    JsonUserDefaultsDriver() { restart(); }
     UserDefaults& store() override { return *store_; }
     void restart() override {
         if (store_) {
@@ -161,12 +166,12 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<JsonUserDefaults> open() {
         return std::make_unique<JsonUserDefaults>((folder_.path() / "settings.json").string(),
-                                                  *loop_, log_);
+                                                  loop_, log_);
     }
 
     e2e::TemporaryFolder folder_;
     FakeErrorLog log_;
-    std::unique_ptr<QtRunLoop> loop_;
+    QtRunLoop loop_;
     std::unique_ptr<JsonUserDefaults> store_;
 };
 

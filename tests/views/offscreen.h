@@ -7,18 +7,20 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace dwellkey {
 
 /// Two screens side by side, the first one the primary.
 inline constexpr QRect primaryScreen(0, 0, 1000, 700);
 inline constexpr QRect secondScreen(1000, 0, 800, 600);
 
-/// The toolkit, started by the first case that needs it and shared by the others.
-class OffscreenToolkit {
+/// The toolkit, for as long as the cases run: at the exit its own statics are gone before ours.
+class OffscreenToolkit final : public testing::Environment {
 public:
-    OffscreenToolkit() {
+    void SetUp() override {
         QFile file(folder_.filePath(QStringLiteral("screens.json")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(R"({"screens": [
             {"name": "one", "x": 0, "y": 0, "width": 1000, "height": 700, "logicalDpi": 96,
              "logicalBaseDpi": 96, "dpr": 1},
@@ -29,6 +31,7 @@ public:
         application_ = std::make_unique<QApplication>(argumentCount_, arguments_);
         QApplication::setQuitOnLastWindowClosed(false);
     }
+    void TearDown() override { application_.reset(); }
 
 private:
     QTemporaryDir folder_;
@@ -38,9 +41,7 @@ private:
     std::unique_ptr<QApplication> application_;
 };
 
-class ViewTest : public testing::Test {
-protected:
-    ViewTest() { static const OffscreenToolkit toolkit; }
-};
+inline testing::Environment* const offscreenToolkit =
+    testing::AddGlobalTestEnvironment(new OffscreenToolkit); // NOLINT: GoogleTest owns it
 
 } // namespace dwellkey

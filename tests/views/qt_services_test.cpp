@@ -27,7 +27,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-using QtServicesTest = ViewTest;
+class QtServicesTest : public testing::Test {};
 
 const Alert question{"Message", "Explanation", AlertStyle::warning, {"Open Settings", "Cancel"}};
 
@@ -84,7 +84,7 @@ TEST_F(QtServicesTest, alert_showsTheNamesOfOthersAsTheyAre) {
     });
 }
 
-class QtMenuTrackingTest : public ViewTest {
+class QtMenuTrackingTest : public testing::Test {
 protected:
     void observe() {
         begin = tracking.observe(MenuTrackingNotification::didBegin,

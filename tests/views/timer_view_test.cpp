@@ -28,7 +28,7 @@ double contrast(QColor one, QColor other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-class TimerViewTest : public ViewTest {
+class TimerViewTest : public testing::Test {
 protected:
     void turn() {
         platform.runLoop.runPosted();
