@@ -24,7 +24,7 @@ double luminance(QColor colour) {
 
 /// From 1 (the same) to 21 (black on white).
 double contrast(QColor one, QColor other) {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
