@@ -54,15 +54,14 @@ private:
     void describe() {
         ask(call(QStringLiteral("Describe")) << action,
             [](Request& self, const QDBusMessage& answer) {
-                // (enabled, parameter type, state), inside one struct
+                // (enabled, parameter type, state) in one struct; a quit takes no parameter
                 const auto argument = answer.arguments().value(0).value<QDBusArgument>();
                 bool isEnabled = false;
-                QDBusSignature parameter;
                 if (argument.currentType() == QDBusArgument::StructureType) {
                     argument.beginStructure();
-                    argument >> isEnabled >> parameter;
+                    argument >> isEnabled;
                 }
-                if (isEnabled && parameter.signature().isEmpty()) {
+                if (isEnabled) {
                     self.activate();
                 } else {
                     self.otherwise();

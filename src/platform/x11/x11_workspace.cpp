@@ -170,6 +170,8 @@ void X11Workspace::followClientWindows() {
     if (isActiveWindowGone) {
         // Some window managers go on naming it, and the server soon gives its number to another.
         setActiveWindow(XCB_WINDOW_NONE);
+    } else if (activeWindow_ == XCB_WINDOW_NONE && clients_.contains(windows_.activeWindow())) {
+        followActiveWindow(); // the other one is here, under the number that stood there all along
     }
 }
 

@@ -190,7 +190,14 @@ void Screen::activate(Window window) const {
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
     xcb_flush(connection_.get());
-    await("the activated window to be the active one", [&] { return activeWindow() == window; });
+    // The focus too: a window manager may go on naming a window that is gone, and the server gives
+    // its number to the next program.
+    await("the activated window to be the active one", [&] {
+        const Window focused = focusedWindow();
+        return activeWindow() == window && focused != XCB_NONE
+               && focused != XCB_INPUT_FOCUS_POINTER_ROOT
+               && topLevelOf(focused) == topLevelOf(window);
+    });
 }
 
 bool Screen::isGrabbed(xcb_keycode_t key, std::uint16_t modifiers) const {
