@@ -3,6 +3,10 @@
 
 namespace dwellkey {
 
+AppDelegate::AppDelegate(Platform& platform)
+    : platform_(platform), appStateManager_(AppStateManager::shared()),
+      preferencesViewModel_(platform), keyboardShortcutsModel_(KeyboardShortcutsModel::shared()) {}
+
 AppDelegate::AppDelegate(Platform& platform, AppStateManager& appStateManager,
                          KeyboardShortcutsModel& keyboardShortcutsModel)
     : platform_(platform), appStateManager_(appStateManager), preferencesViewModel_(platform),

@@ -12,10 +12,10 @@ namespace dwellkey {
 /// guarded shortcuts to life.
 class AppDelegate {
 public:
-    explicit AppDelegate(
-        Platform& platform = Platform::shared(),
-        AppStateManager& appStateManager = AppStateManager::shared(),
-        KeyboardShortcutsModel& keyboardShortcutsModel = KeyboardShortcutsModel::shared());
+    /// With the shared models, which are made now, in the order of the members.
+    explicit AppDelegate(Platform& platform);
+    AppDelegate(Platform& platform, AppStateManager& appStateManager,
+                KeyboardShortcutsModel& keyboardShortcutsModel);
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
     ~AppDelegate() = default;

@@ -31,7 +31,7 @@ public:
     Signal<std::string_view> lost;
 };
 
-/// The first backend that starts, or why none did, a line each. The environment variable
+/// The first backend that starts, or why none did. The environment variable
 /// DWELLKEY_BACKEND names the only one to try. `argc` and `argv` must outlive the backend.
 std::variant<std::unique_ptr<Backend>, std::string> startBackend(int& argc, char** argv,
                                                                  ErrorLog& errorLog);

@@ -29,7 +29,6 @@ private:
     void declareWindows();
     TimerView& timerView();
     void followTimerView();
-    void listenForTermination();
 
     Backend& backend_;
     AppDelegate appDelegate_;

@@ -30,7 +30,11 @@ void setHandler(void (*handler)(int)) {
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     for (const int number : signals) {
-        sigaction(number, &action, nullptr);
+        struct sigaction inherited {};
+        sigaction(number, nullptr, &inherited);
+        if (inherited.sa_handler != SIG_IGN) { // as nohup wants it
+            sigaction(number, &action, nullptr);
+        }
     }
 }
 

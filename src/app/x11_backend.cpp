@@ -25,6 +25,7 @@
 #include "platform/x11/x11_workspace.h"
 
 #include <QApplication>
+#include <chrono>
 #include <utility>
 
 namespace dwellkey {
@@ -97,7 +98,10 @@ public:
               [this] { lost.emit("the connection to the X server broke"); })),
           didLock_(sessionLock_.didLock.subscribe([this] { hotKeys_.releaseAll(); })) {
         connection_->attach(runLoop_);
-        runLoop_.post([this] { sessionLock_.start(); }); // after the hot keys are live
+        runLoop_.post([this, &errorLog] { // after the hot keys are live
+            sessionLock_.start();
+            watchInstalledApplications(errorLog);
+        });
     }
 
     Platform& platform() override { return platform_; }
@@ -106,6 +110,21 @@ public:
     void quit(int status) override { QApplication::exit(status); }
 
 private:
+    void watchInstalledApplications(ErrorLog& errorLog) {
+        // An installation changes many files: look when it has been quiet for a while.
+        installedChanged_ = linux_.entries.didChange.subscribe([this] {
+            identifyAgain_ = runLoop_.repeat(std::chrono::seconds(2), [this] {
+                identifyAgain_.cancel();
+                workspace_.identifyAgain();
+            });
+        });
+        static_cast<void>(linux_.entries.applications()); // looks, and so begins to watch
+        if (const auto& problem = linux_.entries.watchProblem()) {
+            errorLog.error("Newly installed applications go unnoticed until the next start.",
+                           *problem);
+        }
+    }
+
     std::unique_ptr<X11Connection> connection_;
     Toolkit toolkit_;
     QtRunLoop runLoop_;
@@ -125,6 +144,8 @@ private:
     Platform platform_;
     Subscription lost_;
     Subscription didLock_;
+    Subscription installedChanged_;
+    Subscription identifyAgain_;
 };
 
 } // namespace

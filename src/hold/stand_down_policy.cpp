@@ -6,9 +6,11 @@ namespace dwellkey {
 StandDownPolicy::StandDownPolicy(Platform& platform, PreferencesViewModel& preferences,
                                  HotKeyIDs ids)
     : platform_(platform), preferences_(preferences), ids_(ids),
+      applyOnce_(platform.runLoop, [this] { apply(); }),
       activation_(
           platform.workspace.didActivateApplication.subscribe([this](const auto&) { apply(); })),
-      preferencesChange_(preferences.objectWillChange.subscribe([this] { applySoon(); })) {
+      preferencesChange_(
+          preferences.objectWillChange.subscribe([this] { applyOnce_.schedule(); })) {
     apply();
 }
 
@@ -20,19 +22,6 @@ void StandDownPolicy::apply() {
     const bool isFileManager = frontmost != nullptr && frontmost->isFileManager();
     platform_.hotKeys.setStandsDown(ids_.quitApplication, belongsToOthers && !isFileManager);
     platform_.hotKeys.setStandsDown(ids_.closeWindow, belongsToOthers);
-}
-
-void StandDownPolicy::applySoon() {
-    if (appliesSoon_) {
-        return;
-    }
-    appliesSoon_ = true;
-    platform_.runLoop.post([this, life = std::weak_ptr(life_)] {
-        if (!life.expired()) {
-            appliesSoon_ = false;
-            apply();
-        }
-    });
 }
 
 } // namespace dwellkey

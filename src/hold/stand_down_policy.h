@@ -2,11 +2,10 @@
 // When a guarded shortcut belongs to the application in front. std only.
 #pragma once
 
+#include "platform/once_per_turn.h"
 #include "platform/platform.h"
 #include "settings/preferences_view_model.h"
 #include "support/signal.h"
-
-#include <memory>
 
 namespace dwellkey {
 
@@ -38,14 +37,11 @@ public:
     void apply();
 
 private:
-    /// The preferences announce before they change: judge them in a later turn, once.
-    void applySoon();
-
     Platform& platform_;
     PreferencesViewModel& preferences_;
     const HotKeyIDs ids_;
-    bool appliesSoon_ = false;
-    std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true); // for the posted task
+    /// The preferences announce before they change: they are judged in a later turn.
+    OncePerTurn applyOnce_;
     Subscription activation_;
     Subscription preferencesChange_;
 };

@@ -7,8 +7,6 @@ namespace dwellkey {
 namespace {
 
 constexpr auto tickInterval = std::chrono::milliseconds(10);
-constexpr std::string_view accessibilitySettingsAddress =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 
 std::string replacingAll(std::string_view text, std::string_view target,
                          std::string_view replacement) {
@@ -133,8 +131,10 @@ void TimerManager::requestAccessibility() {
          "Preferences' and enable Dwellkey in the Accessibility section.",
          AlertStyle::warning,
          {"Open System Preferences", "Cancel"}});
-    if (response == alertFirstButtonReturn) {
-        platform_.workspace.openUrl(accessibilitySettingsAddress);
+    if (response == alertFirstButtonReturn
+        && !platform_.workspace.openUrl(accessibilitySettingsAddress)) {
+        platform_.errorLog.error("The accessibility settings could not be opened.",
+                                 "this desktop has no page for them that is known");
     }
 }
 

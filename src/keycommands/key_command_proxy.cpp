@@ -50,16 +50,32 @@ void KeyCommandProxy::keyOrModifiersChanged() {
     keyAndModifiersDidChange_.emit();
 }
 
-/// Somebody edited the settings file. An entry that cannot be read changes nothing; one that was
-/// taken out clears the command.
+/// Somebody edited the settings file. An entry that was taken out clears the command; one that
+/// cannot be read changes nothing, and stays there for its editor to mend.
 void KeyCommandProxy::takeOverStoredEntry() {
-    auto stored = storedKeyCommand(platform_.userDefaults, name_);
-    if (!stored && platform_.userDefaults.find(name_.storageKey()) != nullptr) {
+    UserDefaults& store = platform_.userDefaults;
+    const std::string key = name_.storageKey();
+    if (!store.contains(key)) {
+        takeOver(std::nullopt, {});
         return;
     }
+    auto stored = storedKeyCommand(store, name_);
+    if (!stored) {
+        platform_.errorLog.error("The edited shortcut \"" + key + "\" is not used.",
+                                 "its entry in the settings is no key command of this name");
+        return;
+    }
+    const DefaultsValue entry = *store.find(key);
+    takeOver(stored->key, std::move(stored->modifiers));
+    if (!isRegistered_) {
+        store.set(key, entry); // taken by another program, or incomplete: not ours to delete
+    }
+}
+
+void KeyCommandProxy::takeOver(std::optional<Key> key, Modifiers modifiers) {
     setBlocksRegistrationChanges(true);
-    setKey(stored ? stored->key : std::nullopt);
-    setModifiers(stored ? std::move(stored->modifiers) : Modifiers());
+    setKey(key);
+    setModifiers(std::move(modifiers));
     setBlocksRegistrationChanges(false);
     unregisterHotKey(Reregistration::no);
     registerHotKey();

@@ -72,6 +72,7 @@ public:
 private:
     void keyOrModifiersChanged();
     void takeOverStoredEntry();
+    void takeOver(std::optional<Key> key, Modifiers modifiers);
     void store();
     void fire(const KeyCommand::EventType& event);
     void forgetRemovedObservations();

@@ -2,7 +2,7 @@
 #include "keycommands/key_command_registry.h"
 
 #include <algorithm>
-#include <cassert>
+#include <cstdlib>
 #include <limits>
 
 namespace dwellkey {
@@ -30,7 +30,9 @@ KeyCommandProxy& KeyCommandRegistry::proxy(const KeyCommand::Name& name) {
     if (KeyCommandProxy* present = find(name)) {
         return *present;
     }
-    assert(nextId_ < std::numeric_limits<std::uint32_t>::max() && "ids are never reused");
+    if (nextId_ == std::numeric_limits<std::uint32_t>::max()) {
+        std::abort(); // ids are never reused
+    }
     return *proxies_.emplace_back(std::make_unique<KeyCommandProxy>(
         platform_, *this, name, EventHotKeyID{signature, nextId_++}));
 }

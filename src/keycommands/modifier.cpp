@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "keycommands/modifier.h"
 
+#include "platform/hot_keys.h"
+
 #include <cstddef>
 
 namespace dwellkey {
@@ -13,10 +15,10 @@ struct Row {
 };
 
 constexpr std::array<Row, 4> rows{{
-    {"⌃", 0x1000, 0x40000},
-    {"⌥", 0x800, 0x80000},
-    {"⇧", 0x200, 0x20000},
-    {"⌘", 0x100, 0x100000},
+    {"⌃", hot_key_mask::control, 0x40000},
+    {"⌥", hot_key_mask::option, 0x80000},
+    {"⇧", hot_key_mask::shift, 0x20000},
+    {"⌘", hot_key_mask::command, 0x100000},
 }};
 
 constexpr const Row& rowOf(Modifier modifier) {

@@ -21,6 +21,14 @@ struct EventHotKeyID {
 /// The service's handle of a registered hot key; 0 is never a handle.
 enum class EventHotKeyRef : std::uint32_t {};
 
+/// Bits of the service's modifier mask, and the keys that they are on this desktop.
+namespace hot_key_mask {
+inline constexpr std::uint32_t command = 0x100;  // Ctrl: the key that quits applications here
+inline constexpr std::uint32_t shift = 0x200;    // Shift
+inline constexpr std::uint32_t option = 0x800;   // Alt
+inline constexpr std::uint32_t control = 0x1000; // Super
+} // namespace hot_key_mask
+
 inline constexpr std::uint32_t kEventRawKeyDown = 1;
 inline constexpr std::uint32_t kEventRawKeyUp = 3;
 inline constexpr std::uint32_t kEventHotKeyPressed = 5;

@@ -38,6 +38,9 @@ public:
     /// the store changes. Allocates nothing.
     [[nodiscard]] virtual const DefaultsValue* find(std::string_view key) const = 0;
 
+    /// Whether the key is there at all, with whatever value.
+    [[nodiscard]] virtual bool contains(std::string_view key) const = 0;
+
     virtual void set(std::string_view key, DefaultsValue value) = 0;
 
     /// No effect when the key is missing.

@@ -14,6 +14,11 @@
 
 namespace dwellkey {
 
+/// Opens the settings page that grants the permission to close windows, whatever it is called on
+/// the running desktop.
+inline constexpr std::string_view accessibilitySettingsAddress =
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
 class RunningApplication {
 public:
     RunningApplication() = default;

@@ -101,23 +101,35 @@ void PreferencesViewModel::saveApps() {
     platform_.userDefaults.set(appURLsKey, std::move(urls));
 }
 
-/// Empty when nothing is stored, or something else than a list of texts. A copy, since the list is
-/// stored anew while it is walked.
-std::vector<std::string> PreferencesViewModel::storedAppURLs() const {
+/// Absent when something else than a list of texts is stored. A copy, since the list is stored anew
+/// while it is walked.
+std::optional<std::vector<std::string>> PreferencesViewModel::storedAppURLs() const {
+    if (!platform_.userDefaults.contains(appURLsKey)) {
+        return std::vector<std::string>();
+    }
     const DefaultsValue* stored = platform_.userDefaults.find(appURLsKey);
     const auto* list = stored != nullptr ? std::get_if<std::vector<std::string>>(stored) : nullptr;
-    return list != nullptr ? *list : std::vector<std::string>();
+    return list != nullptr ? std::optional(*list) : std::nullopt;
 }
 
 /// An edit of the settings file: the list becomes what the file says, and the file is left as its
-/// editor wrote it.
+/// editor wrote it. What is no list changes nothing: its editor is likely still at it.
 void PreferencesViewModel::takeOverAppsFromOutside() {
+    const auto texts = storedAppURLs();
+    if (!texts) {
+        platform_.errorLog.error("The edited list of applications is not used.",
+                                 "\"appURLs\" in the settings is not a list of texts");
+        return;
+    }
     std::vector<AppInfo> apps;
-    for (const std::string& text : storedAppURLs()) {
+    for (const std::string& text : *texts) {
         if (const auto url = Url::parse(text)) {
             AppInfo app(*url, platform_);
             app.existsOnDisk = platform_.bundleReader.fileExists(url->path());
             apps.push_back(std::move(app));
+        } else {
+            platform_.errorLog.error("An application of the edited list is left out.",
+                                     "not a URL: " + text);
         }
     }
     objectWillChange.emit();
@@ -125,7 +137,11 @@ void PreferencesViewModel::takeOverAppsFromOutside() {
 }
 
 void PreferencesViewModel::loadApps() {
-    for (const std::string& text : storedAppURLs()) {
+    const auto texts = storedAppURLs();
+    if (!texts) {
+        return;
+    }
+    for (const std::string& text : *texts) {
         if (const auto url = Url::parse(text)) {
             appendApp(AppInfo(*url, platform_));
         }

@@ -91,7 +91,7 @@ private:
     void assignApps(Change change);
     void loadApps();
     void takeOverAppsFromOutside();
-    [[nodiscard]] std::vector<std::string> storedAppURLs() const;
+    [[nodiscard]] std::optional<std::vector<std::string>> storedAppURLs() const;
 
     Platform& platform_;
     AlertManager& alertManager_;

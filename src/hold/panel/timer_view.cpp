@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 namespace dwellkey {
 namespace {
@@ -24,8 +25,14 @@ constexpr int edgePadding = 32; // sets title and bar in the middle of the defau
 constexpr int spacing = 8;
 constexpr int titlePixels = 40;
 constexpr double cornerRadius = 12.0;
-constexpr float translucency = 0.88F;
+constexpr float translucency = 0.94F;
 constexpr float edgeAlpha = 0.18F;
+
+// What the timer manager says, for the translators' tools to find.
+[[maybe_unused]] constexpr std::array translatableTitles{
+    QT_TRANSLATE_NOOP("TimerView", "Hold to Quit App"),
+    QT_TRANSLATE_NOOP("TimerView", "Hold to Close Window"),
+};
 
 QFont titleFont(const QFont& base) {
     QFont font = base;

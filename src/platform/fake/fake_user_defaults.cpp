@@ -10,6 +10,10 @@ const DefaultsValue* FakeUserDefaults::find(std::string_view key) const {
     return found == values_.end() ? nullptr : &found->second;
 }
 
+bool FakeUserDefaults::contains(std::string_view key) const {
+    return values_.contains(key) || garbled_.contains(key);
+}
+
 void FakeUserDefaults::set(std::string_view key, DefaultsValue value) {
     ++writes_[std::string(key)];
     store(key, std::move(value), DefaultsChange::ours);
@@ -24,8 +28,20 @@ void FakeUserDefaults::store(std::string_view key, DefaultsValue value, Defaults
     if (present != nullptr && *present == value) {
         return;
     }
+    garbled_.erase(std::string(key));
     values_.insert_or_assign(std::string(key), std::move(value));
     notify(key, change);
+}
+
+void FakeUserDefaults::removeFromOutside(std::string_view key) {
+    values_.erase(std::string(key));
+    notify(key, DefaultsChange::fromOutside);
+}
+
+void FakeUserDefaults::garbleFromOutside(std::string_view key) {
+    values_.erase(std::string(key));
+    garbled_.emplace(key);
+    notify(key, DefaultsChange::fromOutside);
 }
 
 void FakeUserDefaults::remove(std::string_view key) {

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,7 @@ namespace dwellkey {
 class FakeUserDefaults final : public UserDefaults {
 public:
     [[nodiscard]] const DefaultsValue* find(std::string_view key) const override;
+    [[nodiscard]] bool contains(std::string_view key) const override;
     void set(std::string_view key, DefaultsValue value) override;
     void remove(std::string_view key) override;
     [[nodiscard]] Subscription observe(std::string_view key,
@@ -27,6 +29,9 @@ public:
 
     /// An edit by another program: observers see it, the write count does not.
     void setFromOutside(std::string_view key, DefaultsValue value);
+    void removeFromOutside(std::string_view key);
+    /// The key is there, with something that no value can hold.
+    void garbleFromOutside(std::string_view key);
 
     int synchronizeCount = 0;
 
@@ -35,6 +40,7 @@ private:
     void notify(std::string_view key, DefaultsChange change) const;
 
     std::map<std::string, DefaultsValue, std::less<>> values_;
+    std::set<std::string, std::less<>> garbled_;
     std::map<std::string, std::size_t, std::less<>> writes_;
     std::map<std::string, Signal<DefaultsChange>, std::less<>> observers_;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/accelerator.h"
 
+#include "platform/hot_keys.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -10,11 +12,6 @@
 namespace dwellkey {
 namespace {
 
-constexpr std::uint32_t commandMask = 0x100; // Ctrl
-constexpr std::uint32_t shiftMask = 0x200;
-constexpr std::uint32_t optionMask = 0x800;   // Alt
-constexpr std::uint32_t controlMask = 0x1000; // Super
-
 struct ModifierName {
     std::string_view name;
     std::uint32_t mask;
@@ -23,45 +20,45 @@ struct ModifierName {
 // X keeps Meta on the Alt key and Hyper on the Super key, unless somebody changed it. "Release"
 // says when to act, not what to hold.
 constexpr auto gtkModifiers = std::to_array<ModifierName>({
-    {"primary", commandMask},
-    {"control", commandMask},
-    {"ctrl", commandMask},
-    {"ctl", commandMask},
-    {"shift", shiftMask},
-    {"shft", shiftMask},
-    {"alt", optionMask},
-    {"mod1", optionMask},
-    {"meta", optionMask},
-    {"super", controlMask},
-    {"mod4", controlMask},
-    {"hyper", controlMask},
+    {"primary", hot_key_mask::command},
+    {"control", hot_key_mask::command},
+    {"ctrl", hot_key_mask::command},
+    {"ctl", hot_key_mask::command},
+    {"shift", hot_key_mask::shift},
+    {"shft", hot_key_mask::shift},
+    {"alt", hot_key_mask::option},
+    {"mod1", hot_key_mask::option},
+    {"meta", hot_key_mask::option},
+    {"super", hot_key_mask::control},
+    {"mod4", hot_key_mask::control},
+    {"hyper", hot_key_mask::control},
     {"release", 0},
 });
 
 // Here Meta is the key with the logo. "Num" only tells the keypad from the rest.
 constexpr auto qtModifiers = std::to_array<ModifierName>({
-    {"ctrl", commandMask},
-    {"shift", shiftMask},
-    {"alt", optionMask},
-    {"meta", controlMask},
+    {"ctrl", hot_key_mask::command},
+    {"shift", hot_key_mask::shift},
+    {"alt", hot_key_mask::option},
+    {"meta", hot_key_mask::control},
     {"num", 0},
 });
 
 constexpr auto openboxModifiers = std::to_array<ModifierName>({
-    {"c", commandMask},
-    {"control", commandMask},
-    {"s", shiftMask},
-    {"shift", shiftMask},
-    {"a", optionMask},
-    {"alt", optionMask},
-    {"mod1", optionMask},
-    {"m", optionMask},
-    {"meta", optionMask},
-    {"w", controlMask},
-    {"super", controlMask},
-    {"mod4", controlMask},
-    {"h", controlMask},
-    {"hyper", controlMask},
+    {"c", hot_key_mask::command},
+    {"control", hot_key_mask::command},
+    {"s", hot_key_mask::shift},
+    {"shift", hot_key_mask::shift},
+    {"a", hot_key_mask::option},
+    {"alt", hot_key_mask::option},
+    {"mod1", hot_key_mask::option},
+    {"m", hot_key_mask::option},
+    {"meta", hot_key_mask::option},
+    {"w", hot_key_mask::control},
+    {"super", hot_key_mask::control},
+    {"mod4", hot_key_mask::control},
+    {"h", hot_key_mask::control},
+    {"hyper", hot_key_mask::control},
 });
 
 struct KeyAlias {

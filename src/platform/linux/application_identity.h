@@ -19,9 +19,8 @@ struct WindowFacts {
     std::string classInstance; ///< WM_CLASS, first part
     std::string className;     ///< WM_CLASS, second part
     std::optional<std::string> gtkApplicationId;
-    std::optional<std::string> title; ///< names a document as often as an application: no evidence
-    std::optional<pid_t> process;     ///< the display server's own answer
-    bool ownsDesktopWindow = false;   ///< its process also shows the desktop's background
+    std::optional<pid_t> process;   ///< the display server's own answer
+    bool ownsDesktopWindow = false; ///< its process also shows the desktop's background
 };
 
 struct ApplicationIdentity {

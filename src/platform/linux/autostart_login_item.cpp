@@ -119,8 +119,7 @@ std::string autostartEntry(std::string_view installed) {
 
 AutostartPlaces AutostartPlaces::from(const Environment& environment) {
     const BaseFolders folders = BaseFolders::from(environment);
-    return {folders.configHome.value_or("/nonexistent") + "/autostart",
-            folders.applicationFolders(),
+    return {folders.configHome.value_or("/dev/null") + "/autostart", folders.applicationFolders(),
             splitList(environment("XDG_CURRENT_DESKTOP").value_or(""), ':')};
 }
 

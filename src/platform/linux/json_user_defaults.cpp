@@ -61,8 +61,11 @@ JsonUserDefaults::~JsonUserDefaults() {
 }
 
 std::string JsonUserDefaults::defaultPath() {
+    // Without a home folder: a place that nobody can make, not even root. Settings then live in
+    // memory, and the cause is logged.
+    constexpr const char* noHome = "/dev/null";
     const auto configHome = BaseFolders::from(processEnvironment()).configHome;
-    return configHome.value_or("/nonexistent") + "/dwellkey/settings.json";
+    return configHome.value_or(noHome) + "/dwellkey/settings.json";
 }
 
 void JsonUserDefaults::load() {
@@ -85,6 +88,10 @@ void JsonUserDefaults::load() {
 
 const DefaultsValue* JsonUserDefaults::find(std::string_view key) const {
     return valueOf(settings_, key);
+}
+
+bool JsonUserDefaults::contains(std::string_view key) const {
+    return settings_.contains(key);
 }
 
 void JsonUserDefaults::set(std::string_view key, DefaultsValue value) {

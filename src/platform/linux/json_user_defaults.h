@@ -43,6 +43,7 @@ public:
     static std::string defaultPath();
 
     [[nodiscard]] const DefaultsValue* find(std::string_view key) const override;
+    [[nodiscard]] bool contains(std::string_view key) const override;
     void set(std::string_view key, DefaultsValue value) override;
     void remove(std::string_view key) override;
     [[nodiscard]] Subscription observe(std::string_view key,

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/system_shortcuts.h"
 
+#include "platform/hot_keys.h"
+
 #include "platform/linux/key_positions.h"
 #include "platform/linux/system_shortcuts_gsettings.h"
 #include "platform/linux/system_shortcuts_kde.h"
@@ -16,7 +18,6 @@ namespace dwellkey {
 namespace {
 
 constexpr std::chrono::seconds longestCall{2};
-constexpr std::uint32_t shiftMask = 0x200;
 
 enum class Desktop { gnome, cinnamon, mate, kde, xfce, lxqt, lxde, openbox };
 
@@ -153,7 +154,8 @@ LinuxSystemShortcuts::entriesOf(const std::vector<Accelerator>& accelerators) co
         if (const auto position = positions.find(accelerator.key)) {
             const bool addsShift =
                 position->needsShift && accelerator.symbolShift == SymbolShift::implied;
-            const std::uint32_t modifiers = accelerator.modifiers | (addsShift ? shiftMask : 0);
+            const std::uint32_t modifiers =
+                accelerator.modifiers | (addsShift ? hot_key_mask::shift : 0);
             result.push_back({true, position->keyCode, modifiers});
         }
     }

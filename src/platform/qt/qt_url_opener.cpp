@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/qt_url_opener.h"
 
+#include "platform/workspace.h"
+
 #include <QDesktopServices>
 #include <QProcess>
 #include <QStandardPaths>
@@ -10,9 +12,6 @@
 
 namespace dwellkey {
 namespace {
-
-constexpr std::string_view accessibilitySettings =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 
 struct SettingsPage {
     const char* desktop; // as XDG_CURRENT_DESKTOP names it
@@ -50,7 +49,7 @@ bool openAccessibilitySettings() {
 } // namespace
 
 bool openUrl(std::string_view address) {
-    if (address == accessibilitySettings) {
+    if (address == accessibilitySettingsAddress) {
         return openAccessibilitySettings();
     }
     const auto text = QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size()));

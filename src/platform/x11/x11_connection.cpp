@@ -16,7 +16,6 @@ struct AtomName {
 constexpr auto atomNames = std::to_array<AtomName>({
     {&X11Atoms::netActiveWindow, "_NET_ACTIVE_WINDOW"},
     {&X11Atoms::netClientList, "_NET_CLIENT_LIST"},
-    {&X11Atoms::netClientListStacking, "_NET_CLIENT_LIST_STACKING"},
     {&X11Atoms::netSupported, "_NET_SUPPORTED"},
     {&X11Atoms::netSupportingWmCheck, "_NET_SUPPORTING_WM_CHECK"},
     {&X11Atoms::netCloseWindow, "_NET_CLOSE_WINDOW"},
@@ -31,7 +30,6 @@ constexpr auto atomNames = std::to_array<AtomName>({
     {&X11Atoms::gtkApplicationId, "_GTK_APPLICATION_ID"},
     {&X11Atoms::gtkUniqueBusName, "_GTK_UNIQUE_BUS_NAME"},
     {&X11Atoms::gtkApplicationObjectPath, "_GTK_APPLICATION_OBJECT_PATH"},
-    {&X11Atoms::utf8String, "UTF8_STRING"},
 });
 
 X11Atoms internAtoms(xcb_connection_t* connection) {
@@ -146,8 +144,9 @@ xcb_get_property_cookie_t requestProperty(const X11Connection& connection, xcb_w
                             words);
 }
 
-XcbPtr<xcb_get_property_reply_t> awaitProperty(const X11Connection& connection,
+XcbPtr<xcb_get_property_reply_t> awaitProperty(X11Connection& connection,
                                                xcb_get_property_cookie_t cookie) {
+    connection.drainLater();
     return XcbPtr<xcb_get_property_reply_t>(
         xcb_get_property_reply(connection.raw(), cookie, nullptr));
 }

@@ -28,10 +28,10 @@ using XcbPtr = std::unique_ptr<Message, FreeDeleter>;
 
 /// The atoms that this backend speaks of, interned in one round trip.
 struct X11Atoms {
-    xcb_atom_t netActiveWindow, netClientList, netClientListStacking, netSupported,
-        netSupportingWmCheck, netCloseWindow, netWmWindowType, netWmWindowTypeDesktop,
-        netWmWindowTypeDock, netWmWindowTypeNormal, netWmState, netWmStateModal, wmProtocols,
-        wmDeleteWindow, gtkApplicationId, gtkUniqueBusName, gtkApplicationObjectPath, utf8String;
+    xcb_atom_t netActiveWindow, netClientList, netSupported, netSupportingWmCheck, netCloseWindow,
+        netWmWindowType, netWmWindowTypeDesktop, netWmWindowTypeDock, netWmWindowTypeNormal,
+        netWmState, netWmStateModal, wmProtocols, wmDeleteWindow, gtkApplicationId,
+        gtkUniqueBusName, gtkApplicationObjectPath;
 };
 
 class X11Connection {
@@ -87,7 +87,7 @@ private:
     Subscription watch_;
 };
 
-/// A property's 32-bit items, at most `limit` of them; empty when it is missing or of another
+/// A property's 32-bit items; empty when it is missing or of another
 /// format.
 std::vector<std::uint32_t> propertyItems(const xcb_get_property_reply_t* reply);
 
@@ -97,7 +97,8 @@ std::string propertyText(const xcb_get_property_reply_t* reply);
 /// Asks for a whole property of any type (bounded at 64 KiB).
 xcb_get_property_cookie_t requestProperty(const X11Connection& connection, xcb_window_t window,
                                           xcb_atom_t property);
-XcbPtr<xcb_get_property_reply_t> awaitProperty(const X11Connection& connection,
+/// Sees to it that events which arrive meanwhile are dispatched.
+XcbPtr<xcb_get_property_reply_t> awaitProperty(X11Connection& connection,
                                                xcb_get_property_cookie_t cookie);
 
 } // namespace dwellkey

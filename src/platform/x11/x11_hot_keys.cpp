@@ -85,7 +85,6 @@ HotKeys::Registration X11HotKeys::registerHotKey(std::uint32_t keyCode, std::uin
     hotKeys_.push_back({ref, id, keyCode, modifiers, grab, true, false});
     applyStandDown(hotKeys_.back());
     connection_.flush();
-    connection_.drainLater();
     return {noErr, ref};
 }
 
@@ -278,7 +277,6 @@ void X11HotKeys::applyStandDowns() {
         applyStandDown(hotKey);
     }
     connection_.flush();
-    connection_.drainLater();
 }
 
 void X11HotKeys::applyStandDown(HotKey& hotKey) {
@@ -354,6 +352,7 @@ bool X11HotKeys::take(const Grab& grab) {
                                                    modifiers, grab.keycode, XCB_GRAB_MODE_ASYNC,
                                                    XCB_GRAB_MODE_ASYNC));
     }
+    connection_.drainLater();
     std::vector<std::uint16_t> taken;
     for (const auto& [modifiers, cookie] : requests) {
         const XcbPtr<xcb_generic_error_t> error(xcb_request_check(connection_.raw(), cookie));

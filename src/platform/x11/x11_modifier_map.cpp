@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/x11_modifier_map.h"
 
+#include "platform/hot_keys.h"
+
 #include <algorithm>
 #include <span>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace dwellkey {
 namespace {
-
-// Bits of the hot-key service mask, and what each is on this desktop.
-constexpr std::uint32_t commandMask = 0x100;  // Ctrl: the key that quits applications here
-constexpr std::uint32_t shiftMask = 0x200;    // Shift
-constexpr std::uint32_t optionMask = 0x800;   // Alt
-constexpr std::uint32_t controlMask = 0x1000; // Super
 
 struct KeysymTable {
     XcbPtr<xcb_get_keyboard_mapping_reply_t> reply;
@@ -106,19 +102,19 @@ X11ModifierMap X11ModifierMap::read(const X11Connection& connection) {
 
 std::optional<std::uint16_t> X11ModifierMap::realModifiers(std::uint32_t mask) const {
     std::uint16_t real = 0;
-    if ((mask & commandMask) != 0) {
+    if ((mask & hot_key_mask::command) != 0) {
         real |= XCB_MOD_MASK_CONTROL;
     }
-    if ((mask & shiftMask) != 0) {
+    if ((mask & hot_key_mask::shift) != 0) {
         real |= XCB_MOD_MASK_SHIFT;
     }
-    if ((mask & optionMask) != 0) {
+    if ((mask & hot_key_mask::option) != 0) {
         if (alt_ == 0) {
             return std::nullopt;
         }
         real |= alt_;
     }
-    if ((mask & controlMask) != 0) {
+    if ((mask & hot_key_mask::control) != 0) {
         if (super_ == 0) {
             return std::nullopt;
         }

@@ -37,7 +37,6 @@ std::optional<PanelSupport::Point> X11PanelSupport::activeWindowCentre() const {
     const XcbPtr<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(raw, sizeCookie, nullptr));
     const XcbPtr<xcb_translate_coordinates_reply_t> origin(
         xcb_translate_coordinates_reply(raw, originCookie, nullptr));
-    connection_.drainLater();
     if (!size || !origin) {
         return std::nullopt;
     }

@@ -72,7 +72,7 @@ void readClass(X11Window& window, const std::string& text) {
     }
 }
 
-X11Window answer(const X11Connection& connection, const Questions& questions, bool askedProcess) {
+X11Window answer(X11Connection& connection, const Questions& questions, bool askedProcess) {
     const auto& atoms = connection.atoms();
     const auto items = [&](xcb_get_property_cookie_t cookie) {
         return propertyItems(awaitProperty(connection, cookie).get());
@@ -110,7 +110,7 @@ X11Window answer(const X11Connection& connection, const Questions& questions, bo
 
 } // namespace
 
-X11Windows::X11Windows(const X11Connection& connection)
+X11Windows::X11Windows(X11Connection& connection)
     : connection_(connection), hasXRes_(hasXResClientIds(connection.raw())) {}
 
 std::vector<X11Window> X11Windows::describe(const std::vector<xcb_window_t>& windows) const {

@@ -29,9 +29,10 @@ struct X11Window {
     bool acceptsDelete = false; // speaks WM_DELETE_WINDOW
 };
 
+/// Waits for its answers; events that arrive meanwhile are dispatched in a later turn.
 class X11Windows {
 public:
-    explicit X11Windows(const X11Connection& connection);
+    explicit X11Windows(X11Connection& connection);
 
     /// Windows that are gone by now come back with nothing but their id.
     [[nodiscard]] std::vector<X11Window> describe(const std::vector<xcb_window_t>& windows) const;
@@ -58,11 +59,10 @@ public:
     void requestActivation(xcb_window_t window) const;
 
 private:
-    [[nodiscard]] bool hasProcessIds() const { return hasXRes_; }
     void sendClientMessage(xcb_window_t to, xcb_window_t about, xcb_atom_t type,
                            std::uint32_t first, std::uint32_t second, std::uint32_t mask) const;
 
-    const X11Connection& connection_;
+    X11Connection& connection_;
     bool hasXRes_ = false;
 };
 

@@ -64,7 +64,6 @@ X11Workspace::X11Workspace(X11Connection& connection, const ApplicationIdentifie
     connection_.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
     followClientWindows();
     followActiveWindow();
-    connection_.drainLater();
 }
 
 std::vector<std::shared_ptr<RunningApplication>>
@@ -79,7 +78,6 @@ X11Workspace::runningApplications(std::string_view bundleIdentifier) const {
             found.push_back(std::move(application));
         }
     }
-    connection_.drainLater();
     return {found.begin(), found.end()};
 }
 
@@ -92,7 +90,6 @@ void X11Workspace::activateOurselves() {
     if (last != own.rend()) {
         windows_.requestActivation(last->id);
     }
-    connection_.drainLater();
 }
 
 std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view applicationName) {
@@ -100,7 +97,6 @@ std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view appli
         return "\"" + std::string(applicationName) + "\" is not the application in front";
     }
     const X11Window front = windows_.describe(activeWindow_);
-    connection_.drainLater();
     if (!front.acceptsDelete || front.isDesktop || front.isDock) {
         return "the front window cannot be asked to close";
     }
@@ -109,9 +105,7 @@ std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view appli
 }
 
 bool X11Workspace::isProcessTrusted() const {
-    const bool isCapable = windows_.hasCapableWindowManager();
-    connection_.drainLater();
-    return isCapable;
+    return windows_.hasCapableWindowManager();
 }
 
 void X11Workspace::handleEvent(const xcb_generic_event_t& event) {

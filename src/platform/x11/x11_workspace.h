@@ -38,7 +38,6 @@ public:
     [[nodiscard]] bool isFileManager() const override { return identity_.isFileManager; }
     void terminate() override;
 
-    [[nodiscard]] const X11Window& window() const { return window_; }
     [[nodiscard]] bool isSameApplication(const X11RunningApplication& other) const;
 
 private:
@@ -73,6 +72,9 @@ public:
     std::optional<std::string> closeFrontWindow(std::string_view applicationName) override;
 
     [[nodiscard]] bool isProcessTrusted() const override;
+
+    /// Looks again which application is in front: the installed ones changed.
+    void identifyAgain() { setActiveWindow(activeWindow_); }
 
 private:
     void handleEvent(const xcb_generic_event_t& event);
