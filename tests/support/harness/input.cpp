@@ -2,6 +2,7 @@
 #include "harness/input.h"
 
 #include "harness/failure.h"
+#include "harness/xcb_xkb.h"
 
 #include <utility>
 
@@ -9,9 +10,6 @@
 #ifdef __clang__
 #pragma clang diagnostic ignored "-Wkeyword-macro"
 #endif
-#define explicit explicit_member // NOLINT: xkb.h is C that names a member so
-#include <xcb/xkb.h>
-#undef explicit
 #include <xcb/xtest.h>
 
 namespace dwellkey::e2e {
