@@ -182,7 +182,7 @@ Reporter::Goals registerBenches() {
     using benchmark::kNanosecond;
     constexpr double tickGoal = 1000;    // ns
     constexpr double decisionGoal = 100; // us
-    constexpr double loadGoal = 10;      // ms
+
     bench("tick of a hold, 0 allocations", tick, kNanosecond);
     bench("hot-key event to hold and back", dispatch, kNanosecond);
     bench("  reference: reading the clock", readClock, kNanosecond);
@@ -193,8 +193,7 @@ Reporter::Goals registerBenches() {
     bench("  reference: making the 1000 records", makeRecords, kMillisecond);
     return {{"tick of a hold, 0 allocations", {tickGoal, {}}},
             {"scope decision, 10000 applications, warm", {decisionGoal, {}}},
-            {"scope decision, 10000 applications, cold", {decisionGoal, {}}},
-            {"load of a list of 1000 applications", {loadGoal, {}}}};
+            {"scope decision, 10000 applications, cold", {decisionGoal, {}}}};
 }
 
 int run(const std::string& table) {

@@ -44,7 +44,8 @@ private:
 
 AppInfo::AppInfo(Url url, const Platform& platform)
     : url_(std::move(url)), name_(nameOf(url_)), icon_(platform.workspace.icon(url_.path())),
-      bundleID_(platform.bundleReader.bundleIdentifier(url_)) {}
+      bundleID_(platform.bundleReader.bundleIdentifier(url_)),
+      bundleIDHash_(std::hash<std::string>{}(bundleID_.value_or(""))) {}
 
 bool AppInfo::operator==(const AppInfo& other) const {
     return id_ == other.id_ && url_ == other.url_ && name_ == other.name_ && icon_ == other.icon_

@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace dwellkey {
 
@@ -28,6 +29,11 @@ public:
     [[nodiscard]] const Image& icon() const { return icon_; }
     /// Absent when no application can be read at `url`, or when it declares no identifier.
     [[nodiscard]] const std::optional<std::string>& bundleID() const { return bundleID_; }
+    /// Whether that is `identifier`, whose std::hash is `hash`. A walk over thousands of records
+    /// that fit no hash touches none of their texts.
+    [[nodiscard]] bool isIdentifiedBy(std::string_view identifier, std::size_t hash) const {
+        return bundleIDHash_ == hash && bundleID_ == identifier;
+    }
 
     /// Whether a file was at the URL's path when somebody last looked.
     bool existsOnDisk = true;
@@ -41,6 +47,7 @@ private:
     std::string name_;
     Image icon_;
     std::optional<std::string> bundleID_;
+    std::size_t bundleIDHash_; // of "" where there is none
 };
 
 } // namespace dwellkey

@@ -2,6 +2,7 @@
 #include "settings/app_scope_mode.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace dwellkey {
 
@@ -15,9 +16,9 @@ std::optional<AppScopeMode> appScopeMode(std::string_view text) {
 }
 
 bool guards(AppScopeMode mode, std::string_view bundleIdentifier, std::span<const AppInfo> apps) {
-    const bool listed = std::ranges::any_of(apps, [&](const AppInfo& app) {
-        return app.bundleID() && *app.bundleID() == bundleIdentifier;
-    });
+    const std::size_t hash = std::hash<std::string_view>{}(bundleIdentifier);
+    const bool listed = std::ranges::any_of(
+        apps, [&](const AppInfo& app) { return app.isIdentifiedBy(bundleIdentifier, hash); });
     return listed == (mode == AppScopeMode::includeApps);
 }
 
