@@ -25,6 +25,7 @@
 #include "platform/x11/x11_workspace.h"
 
 #include <QApplication>
+#include <QThreadPool>
 #include <chrono>
 #include <utility>
 
@@ -38,6 +39,8 @@ public:
         QApplication::setApplicationName(QStringLiteral("dwellkey"));
         QApplication::setDesktopFileName(QStringLiteral("org.dwellkey.Dwellkey"));
         QApplication::setQuitOnLastWindowClosed(false);
+        // It paints large shapes in threads, which would wake up half a minute later to end.
+        QThreadPool::globalInstance()->setExpiryTimeout(0);
     }
 
 private:
