@@ -28,9 +28,8 @@ protected:
 
 TEST_F(Launch, firstOne_asksForTheIntroductionBeforeItClearsTheFlag) {
     std::vector<std::string> openedWhenCleared;
-    const auto watch = platform.userDefaults.observe("isFirstLaunch", [&](DefaultsChange) {
-        openedWhenCleared = platform.windowHost.opened;
-    });
+    const auto watch = platform.userDefaults.observe(
+        "isFirstLaunch", [&](DefaultsChange) { openedWhenCleared = platform.windowHost.opened; });
     delegate.didFinishLaunching();
     EXPECT_EQ(openedWhenCleared, std::vector<std::string>{"IntroView"});
     EXPECT_FALSE(isFirstLaunch());
