@@ -3,6 +3,7 @@
 #include "end_to_end.h"
 
 #include <csignal>
+#include <memory>
 #include <set>
 #include <sstream>
 
@@ -104,17 +105,17 @@ TEST_P(Robustness, windowManagerRestartedBetweenHolds_guardsAsBefore) {
 }
 
 TEST_P(Robustness, windowManagerRestartedDuringAHold_holdEndsAndTheNextOneWorks) {
-    Probe probe(desktop, {"--refuse"});
+    auto front = std::make_unique<Probe>(desktop);
     Dwellkey dwellkey(desktop, settings);
     dwellkey.awaitGuarding();
     beginHold();
     desktop.windowManager().restart();
     screen.awaitNoPanel();
     keyboard.releaseAll();
-    EXPECT_LE(probe.count("close-request"), 1U);
+    EXPECT_LE(front->count("close-request"), 1U);
     ASSERT_TRUE(dwellkey.process().isRunning());
+    front.reset(); // whether it was asked depends on when the new window manager named it active
     Probe next(desktop);
-    screen.activate(next.window());
     dwellkey.awaitGuarding();
     holdToTheEnd();
     EXPECT_EQ(next.process().awaitEnd(), (ExitStatus{0, {}}));
