@@ -92,9 +92,12 @@ std::string Desktop::built(const std::string& program) {
 
 std::string Desktop::logs() const {
     std::string all;
-    for (const auto& entry : std::filesystem::directory_iterator(folder("logs"))) {
-        if (entry.path().extension() == ".log") {
-            all += "--- " + entry.path().filename().string() + "\n" + readFile(entry.path());
+    for (const auto& files : {folder("logs"), folder("config") / "dwellkey"}) {
+        std::error_code ignored; // a test without Dwellkey has no settings
+        for (const auto& entry : std::filesystem::directory_iterator(files, ignored)) {
+            if (entry.is_regular_file()) {
+                all += "--- " + entry.path().filename().string() + "\n" + readFile(entry.path());
+            }
         }
     }
     return all;

@@ -45,7 +45,8 @@ public:
     /// The path of a program that the build made.
     [[nodiscard]] static std::string built(const std::string& program);
 
-    /// Every log of the desktop's programs, for the report of a failed test.
+    /// Every log of the desktop's programs and Dwellkey's settings, for the report of a failed
+    /// test.
     [[nodiscard]] std::string logs() const;
 
 private:

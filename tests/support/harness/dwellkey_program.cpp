@@ -15,10 +15,12 @@ namespace {
 constexpr int quitKeyCode = 12;        // the key of q
 constexpr int closeWindowKeyCode = 13; // the key of w
 
+/// In exactly the form that the program stores, so that it starts without a need to save.
 nlohmann::json storedShortcut(const std::string& name, int keyCode) {
-    const nlohmann::json command{{"key", keyCode},
-                                 {"modifiers", {{{"command", nlohmann::json::object()}}}},
-                                 {"name", {{"rawValue", name}, {"prefix", ""}, {"separator", ""}}}};
+    const nlohmann::ordered_json command{
+        {"key", keyCode},
+        {"modifiers", {{{"command", nlohmann::ordered_json::object()}}}},
+        {"name", {{"rawValue", name}, {"prefix", ""}, {"separator", ""}}}};
     return {{"$data", command.dump()}};
 }
 
