@@ -3,13 +3,11 @@
 
 #include "hold/panel/timer_progress_bar.h"
 
-#include <QBitmap>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPixmap>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -137,7 +135,6 @@ void TimerView::useBackdrop(bool composited) {
     if (composited) {
         support_.blurBehind(native);
     }
-    roundCorners();
 }
 
 /// A long title (another language, a wide font) makes the panel wider, never cut off.
@@ -145,7 +142,6 @@ void TimerView::fitToTitle() {
     const int wanted = title_->sizeHint().width() + 2 * sidePadding;
     setFixedSize(std::max(wanted, defaultSize.width()),
                  std::max(layout()->minimumSize().height(), defaultSize.height()));
-    roundCorners();
 }
 
 void TimerView::centre() {
@@ -162,22 +158,6 @@ void TimerView::centre() {
          + QPoint((available.width() - width()) / 2, (available.height() - height()) / 2));
 }
 
-/// Without a compositor the corners are cut out of the window instead.
-void TimerView::roundCorners() {
-    if (composited_.value_or(true)) {
-        clearMask();
-        return;
-    }
-    QBitmap mask(size());
-    mask.fill(Qt::color0);
-    QPainter painter(&mask);
-    painter.setBrush(Qt::color1);
-    painter.setPen(Qt::NoPen);
-    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    painter.end();
-    setMask(mask);
-}
-
 void TimerView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     QColor backdrop = palette().color(QPalette::Active, QPalette::Window);
@@ -187,8 +167,9 @@ void TimerView::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(edge, 1));
     painter.setBrush(backdrop);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
-                            cornerRadius);
+    // Without a compositor there is nothing to see through at the corners.
+    const double radius = composited_.value_or(false) ? cornerRadius : 0.0;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
 }
 
 // The window manager does not know this window, so dragging it by its background is ours to do.

@@ -44,7 +44,6 @@ private:
     void useBackdrop(bool composited);
     void fitToTitle();
     void centre();
-    void roundCorners();
 
     TimerManager& timerManager_;
     PanelSupport& support_;

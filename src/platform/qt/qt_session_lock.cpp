@@ -18,11 +18,11 @@ void QtSessionLock::start() {
     }
 }
 
-void QtSessionLock::lockRequested() {
+void QtSessionLock::lockRequested() const {
     didLock.emit();
 }
 
-void QtSessionLock::screenSaverChanged(bool isActive) {
+void QtSessionLock::screenSaverChanged(bool isActive) const {
     if (isActive) {
         didLock.emit();
     }

@@ -19,8 +19,8 @@ public:
     void start();
 
 private Q_SLOTS:
-    void lockRequested();
-    void screenSaverChanged(bool isActive);
+    void lockRequested() const;
+    void screenSaverChanged(bool isActive) const;
 };
 
 } // namespace dwellkey

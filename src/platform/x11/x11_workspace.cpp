@@ -127,10 +127,8 @@ void X11Workspace::handleEvent(const xcb_generic_event_t& event) {
 }
 
 void X11Workspace::followActiveWindow() {
-    const xcb_window_t window = windows_.activeWindow();
-    if (window != activeWindow_) {
-        setActiveWindow(window);
-    }
+    // Also when the number is the same as before: it may be another program's by now.
+    setActiveWindow(windows_.activeWindow());
 }
 
 void X11Workspace::setActiveWindow(xcb_window_t window) {
