@@ -121,6 +121,23 @@ TEST_P(Robustness, windowManagerRestartedDuringAHold_holdEndsAndTheNextOneWorks)
     EXPECT_EQ(next.process().awaitEnd(), (ExitStatus{0, {}}));
 }
 
+TEST_P(Robustness, screenLockedDuringAHold_holdEndsAtOnce) {
+    Probe probe(desktop);
+    const Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    const TimePoint down = beginHold();
+    ASSERT_EQ(desktop
+                  .start({"dbus-send", "--session", "--type=signal", "/org/freedesktop/ScreenSaver",
+                          "org.freedesktop.ScreenSaver.ActiveChanged", "boolean:true"})
+                  ->awaitEnd(),
+              (ExitStatus{0, {}}));
+    screen.awaitNoPanel();
+    EXPECT_TRUE(probe.staysWithout("close-request", down + delay + afterthought));
+    keyboard.releaseAll();
+    holdToTheEnd();
+    EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
+}
+
 TEST_P(Robustness, askedToEnd_endsAndGivesTheKeysBack) {
     Probe probe(desktop);
     Dwellkey dwellkey(desktop, settings);

@@ -50,6 +50,7 @@ Desktop::Desktop(WindowManagerKind windowManager, Size size)
     environment_["DISPLAY"] = server_->display();
     bus_ = std::make_unique<SessionBus>(environment_, folder("logs"));
     environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_->address();
+    environment_["DBUS_SYSTEM_BUS_ADDRESS"] = bus_->address();
     windowManager_ = std::make_unique<WindowManager>(windowManager, environment_, folder("logs"));
     screen_ = std::make_unique<Screen>(server_->display());
     keyboard_ = std::make_unique<Keyboard>(server_->display(), environment_, folder("logs"));
