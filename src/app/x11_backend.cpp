@@ -8,6 +8,7 @@
 #include "platform/linux/environment.h"
 #include "platform/linux/json_user_defaults.h"
 #include "platform/linux/linux_bundle_reader.h"
+#include "platform/linux/message_bus.h"
 #include "platform/linux/process_facts.h"
 #include "platform/linux/resource_files.h"
 #include "platform/linux/script_host.h"
@@ -31,6 +32,9 @@
 
 namespace dwellkey {
 namespace {
+
+// Far more than a bus needs, and soon enough for somebody who waits for the shortcuts.
+constexpr std::chrono::milliseconds busPatience{300};
 
 /// The toolkit, told that it is not its windows that keep the process alive.
 class Toolkit {
@@ -161,6 +165,7 @@ std::variant<std::unique_ptr<Backend>, std::string> startX11Backend(int& argc, c
     }
     // The windows must live on the server whose keys we guard, also where Wayland is to be had.
     qputenv("QT_QPA_PLATFORM", "xcb");
+    avoidMuteBuses(busPatience);
     return std::make_unique<X11Backend>(
         std::get<std::unique_ptr<X11Connection>>(std::move(connection)), argc, argv, errorLog);
 }

@@ -22,12 +22,14 @@ bool listensTo(const KeyCommand::EventType& observed, const KeyCommand::EventTyp
 KeyCommandProxy::KeyCommandProxy(Platform& platform, KeyCommandRegistry& registry,
                                  KeyCommand::Name name, EventHotKeyID identifier)
     : platform_(platform), registry_(registry), name_(std::move(name)), identifier_(identifier),
-      lastKeyUp_(platform.clock.now()), editsFromOutside_(platform.userDefaults.observe(
-                                            name_.storageKey(), [this](DefaultsChange change) {
-                                                if (change == DefaultsChange::fromOutside) {
-                                                    takeOverStoredEntry();
-                                                }
-                                            })) {}
+      lastKeyUp_(platform.clock.now()),
+      registerOnce_(platform.runLoop, [this] { registerHotKey(); }),
+      editsFromOutside_(
+          platform.userDefaults.observe(name_.storageKey(), [this](DefaultsChange change) {
+              if (change == DefaultsChange::fromOutside) {
+                  takeOverStoredEntry();
+              }
+          })) {}
 
 KeyCommandProxy::~KeyCommandProxy() {
     if (isRegistered_) {
@@ -46,6 +48,7 @@ void KeyCommandProxy::setModifiers(Modifiers modifiers) {
 }
 
 void KeyCommandProxy::keyOrModifiersChanged() {
+    loggedFailure_.reset();
     unregisterHotKey(Reregistration::yes);
     keyAndModifiersDidChange_.emit();
 }
@@ -67,9 +70,10 @@ void KeyCommandProxy::takeOverStoredEntry() {
     }
     const DefaultsValue entry = *store.find(key);
     takeOver(stored->key, std::move(stored->modifiers));
-    if (!isRegistered_) {
-        store.set(key, entry); // taken by another program, or incomplete: not ours to delete
-    }
+    // Until it is registered the entry is its editor's. Later in the turn, because one edit may
+    // change several commands, and one's new combination may be another's old one.
+    store.set(key, entry);
+    registerOnce_.schedule();
 }
 
 void KeyCommandProxy::takeOver(std::optional<Key> key, Modifiers modifiers) {
@@ -78,7 +82,6 @@ void KeyCommandProxy::takeOver(std::optional<Key> key, Modifiers modifiers) {
     setModifiers(std::move(modifiers));
     setBlocksRegistrationChanges(false);
     unregisterHotKey(Reregistration::no);
-    registerHotKey();
 }
 
 void KeyCommandProxy::registerHotKey() {
@@ -93,9 +96,12 @@ void KeyCommandProxy::registerHotKey() {
     const auto registration = platform_.hotKeys.registerHotKey(
         static_cast<std::uint32_t>(rawValue(*key_)), hotKeyMask(modifiers_), identifier_);
     if (registration.status != noErr) {
-        logStatus(platform_.errorLog, registration.status, "Key command registration failed.");
+        if (std::exchange(loggedFailure_, registration.status) != registration.status) {
+            logStatus(platform_.errorLog, registration.status, "Key command registration failed.");
+        }
         return;
     }
+    loggedFailure_.reset();
     hotKeyRef_ = registration.ref;
     store();
     isRegistered_ = true;

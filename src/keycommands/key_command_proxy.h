@@ -4,6 +4,7 @@
 
 #include "keycommands/key_command.h"
 #include "platform/hot_keys.h"
+#include "platform/once_per_turn.h"
 #include "support/signal.h"
 
 #include <chrono>
@@ -97,6 +98,9 @@ private:
     int firingDepth_ = 0;
     Subscription menuDidBegin_;
     Subscription menuDidEnd_;
+    /// Of this combination; each start registers a command once for each of its observers.
+    std::optional<OSStatus> loggedFailure_;
+    OncePerTurn registerOnce_;
     Subscription editsFromOutside_;
 };
 

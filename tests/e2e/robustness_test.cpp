@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Neighbours that fail, and failing without harm to them.
 #include "end_to_end.h"
+#include "harness/failure.h"
 
 #include <csignal>
+#include <filesystem>
 #include <memory>
 #include <set>
 #include <sstream>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace dwellkey::e2e {
 
@@ -13,6 +18,30 @@ class Robustness : public EndToEnd {
 protected:
     const Settings settings{.delay = 0.85, .guardsCloseWindow = true};
     const Milliseconds delay = settings.delayInMilliseconds();
+};
+
+/// A socket that lets everybody connect and never says a word.
+class MuteSocket {
+public:
+    explicit MuteSocket(const std::filesystem::path& path)
+        : path_(path), socket_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un name{};
+        name.sun_family = AF_UNIX;
+        path.string().copy(name.sun_path, sizeof name.sun_path - 1);
+        if (::bind(socket_, reinterpret_cast<const sockaddr*>(&name), sizeof name) != 0 // NOLINT
+            || ::listen(socket_, 8) != 0) {
+            throw Failure("no socket can be made at " + path.string());
+        }
+    }
+    MuteSocket(const MuteSocket&) = delete;
+    MuteSocket& operator=(const MuteSocket&) = delete;
+    ~MuteSocket() { ::close(socket_); }
+
+    [[nodiscard]] std::string address() const { return "unix:path=" + path_.string(); }
+
+private:
+    std::filesystem::path path_;
+    int socket_;
 };
 
 /// The different lines of the log that hold the text.
@@ -102,6 +131,30 @@ TEST_P(Robustness, windowManagerRestartedBetweenHolds_guardsAsBefore) {
     holdToTheEnd();
     EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
     EXPECT_EQ(probe.count("close-request"), 1U);
+}
+
+TEST_P(Robustness, windowManagerGoneForGood_leavesEveryKeyToTheApplications) {
+    Probe probe(desktop);
+    const Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    desktop.windowManager().end();
+    dwellkey.awaitStandingDown(); // nobody tells any more who is in front
+    desktop.windowManager().restart();
+    screen.await("the window to be managed again",
+                 [&] { return !screen.managedWindows().empty(); });
+    screen.activate(probe.window());
+    dwellkey.awaitGuarding();
+}
+
+TEST_P(Robustness, sessionBusThatNeverAnswers_doesNotHoldUpAnything) {
+    Probe probe(desktop);
+    const MuteSocket bus(desktop.folder("data") / "mute-bus");
+    const Dwellkey dwellkey(
+        desktop, settings,
+        {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"DBUS_SYSTEM_BUS_ADDRESS", bus.address()}});
+    dwellkey.awaitGuarding();
+    holdToTheEnd();
+    EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
 }
 
 TEST_P(Robustness, windowManagerRestartedDuringAHold_holdEndsAndTheNextOneWorks) {

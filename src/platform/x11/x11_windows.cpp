@@ -146,6 +146,14 @@ std::vector<xcb_window_t> X11Windows::clientWindows() const {
             .get());
 }
 
+xcb_window_t X11Windows::windowManagerWindow() const {
+    const auto items = propertyItems(
+        awaitProperty(connection_, requestProperty(connection_, connection_.root(),
+                                                   connection_.atoms().netSupportingWmCheck))
+            .get());
+    return items.empty() ? xcb_window_t{XCB_WINDOW_NONE} : items.front();
+}
+
 bool X11Windows::hasCapableWindowManager() const {
     const auto& atoms = connection_.atoms();
     const auto supportedCookie =

@@ -44,6 +44,9 @@ public:
     /// The managed windows, oldest first.
     [[nodiscard]] std::vector<xcb_window_t> clientWindows() const;
 
+    /// The window that the window manager keeps while it runs; none without one.
+    [[nodiscard]] xcb_window_t windowManagerWindow() const;
+
     /// Whether a window manager runs that tells who is active and lets us close windows.
     [[nodiscard]] bool hasCapableWindowManager() const;
 

@@ -62,6 +62,7 @@ X11Workspace::X11Workspace(X11Connection& connection, const ApplicationIdentifie
       services_(std::move(services)),
       events_(connection.event.subscribe([this](const auto& event) { handleEvent(event); })) {
     connection_.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    followWindowManager();
     followClientWindows();
     followActiveWindow();
 }
@@ -109,21 +110,59 @@ bool X11Workspace::isProcessTrusted() const {
 }
 
 void X11Workspace::handleEvent(const xcb_generic_event_t& event) {
-    if ((event.response_type & 0x7fU) != XCB_PROPERTY_NOTIFY) {
-        return;
+    const auto type = event.response_type & 0x7fU;
+    if (type == XCB_PROPERTY_NOTIFY) {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event); // NOLINT
+        if (change.window == connection_.root()) {
+            handleRootChange(change.atom);
+        } else if (change.window == activeWindow_ && tellsWhoseItIs(change.atom)) {
+            setActiveWindow(activeWindow_); // some programs say who they are after they appeared
+        }
+    } else if (type == XCB_DESTROY_NOTIFY) {
+        const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event); // NOLINT
+        if (gone.window == windowManager_) {
+            windowManagerIsGone();
+        }
     }
-    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event); // NOLINT
-    if (change.window != connection_.root()) {
-        return;
-    }
+}
+
+void X11Workspace::handleRootChange(xcb_atom_t property) {
     const auto& atoms = connection_.atoms();
-    if (change.atom == atoms.netActiveWindow) {
+    if (property == atoms.netActiveWindow) {
         followActiveWindow();
-    } else if (change.atom == atoms.netClientList) {
+    } else if (property == atoms.netClientList) {
         followClientWindows();
-    } else if (change.atom == atoms.netSupportingWmCheck) {
+    } else if (property == atoms.netSupportingWmCheck) {
+        followWindowManager();
+        followActiveWindow();
         didActivateApplication.emit(frontmost_); // another window manager: judge everything anew
     }
+}
+
+void X11Workspace::followWindowManager() {
+    windowManager_ = windows_.windowManagerWindow();
+    if (windowManager_ != XCB_WINDOW_NONE) {
+        select(windowManager_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    }
+}
+
+/// What it said of the active window stays written there, but is nobody's word any more.
+void X11Workspace::windowManagerIsGone() {
+    windowManager_ = XCB_WINDOW_NONE;
+    activeWindow_ = XCB_WINDOW_NONE;
+    frontmost_ = nullptr;
+    didActivateApplication.emit(frontmost_);
+}
+
+bool X11Workspace::tellsWhoseItIs(xcb_atom_t property) const {
+    const auto& atoms = connection_.atoms();
+    return property == XCB_ATOM_WM_CLASS || property == atoms.gtkApplicationId
+           || property == atoms.gtkUniqueBusName || property == atoms.gtkApplicationObjectPath;
+}
+
+void X11Workspace::select(xcb_window_t window, std::uint32_t eventMask) const {
+    xcb_change_window_attributes(connection_.raw(), window, XCB_CW_EVENT_MASK, &eventMask);
+    connection_.flush();
 }
 
 void X11Workspace::followActiveWindow() {
@@ -132,9 +171,16 @@ void X11Workspace::followActiveWindow() {
 }
 
 void X11Workspace::setActiveWindow(xcb_window_t window) {
-    activeWindow_ = window;
-    auto application =
-        window == XCB_WINDOW_NONE ? nullptr : applicationOf(windows_.describe(window));
+    if (window != activeWindow_ && activeWindow_ != XCB_WINDOW_NONE) {
+        select(activeWindow_, XCB_EVENT_MASK_NO_EVENT);
+    }
+    if (window != XCB_WINDOW_NONE) {
+        select(window, XCB_EVENT_MASK_PROPERTY_CHANGE); // before looking, so nothing is missed
+    }
+    X11Window described = window == XCB_WINDOW_NONE ? X11Window{} : windows_.describe(window);
+    // A window that is gone was only named: its number may come back as another program's.
+    activeWindow_ = described.exists ? window : xcb_window_t{XCB_WINDOW_NONE};
+    auto application = applicationOf(std::move(described));
     const bool isSame = application && frontmost_ && application->isSameApplication(*frontmost_);
     const bool wasNone = !application && !frontmost_;
     frontmost_ = std::move(application);

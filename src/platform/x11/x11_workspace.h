@@ -78,6 +78,11 @@ public:
 
 private:
     void handleEvent(const xcb_generic_event_t& event);
+    void handleRootChange(xcb_atom_t property);
+    void followWindowManager();
+    void windowManagerIsGone();
+    [[nodiscard]] bool tellsWhoseItIs(xcb_atom_t property) const;
+    void select(xcb_window_t window, std::uint32_t eventMask) const;
     void followActiveWindow();
     void setActiveWindow(xcb_window_t window);
     void followClientWindows();
@@ -88,6 +93,7 @@ private:
     const ApplicationIdentifier& identifier_;
     ApplicationActions& actions_;
     WorkspaceServices services_;
+    xcb_window_t windowManager_ = XCB_WINDOW_NONE;
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
     std::shared_ptr<X11RunningApplication> frontmost_;
     std::map<xcb_window_t, std::optional<pid_t>> clients_; // with the process of desktop windows

@@ -73,7 +73,7 @@ WindowManager::WindowManager(WindowManagerKind kind, Environment environment,
 }
 
 void WindowManager::restart() {
-    process_.reset();
+    end();
     start();
 }
 

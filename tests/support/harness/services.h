@@ -55,7 +55,9 @@ public:
     WindowManager(WindowManagerKind kind, Environment environment,
                   const std::filesystem::path& logFolder);
 
-    /// Ends it and starts it anew, as after a crash.
+    /// As in a crash.
+    void end() { process_.reset(); }
+    /// Ends it and starts it anew.
     void restart();
 
 private:

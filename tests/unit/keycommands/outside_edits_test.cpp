@@ -14,6 +14,7 @@ protected:
                 + R"(":{}}],"name":{"rawValue":"quitApplication","prefix":"","separator":""}})"};
     }
     [[nodiscard]] bool guards(FakeHotKeys::Combination combination) {
+        platform.runLoop.runPosted();
         const int before = presses;
         platform.hotKeys.press(combination.keyCode, combination.modifiers);
         platform.hotKeys.release(combination.keyCode, combination.modifiers);
@@ -61,6 +62,27 @@ TEST_F(EditedKeyCommand, combinationThatAnotherProgramHolds_isNotRegisteredButSt
     EXPECT_FALSE(guards(commandQ));
     ASSERT_NE(stored("quitApplication"), nullptr);
     EXPECT_EQ(*stored("quitApplication"), entry(13, "command"));
+}
+
+TEST_F(EditedKeyCommand, twoCommandsThatChangePlaces_areBothRegistered) {
+    const KeyCommand close(KeyCommand::Name("closeWindow"), Key::w, {Modifier::command},
+                           *registry_);
+    close.enable();
+    Data entryOfClose = entry(12, "command");
+    entryOfClose.bytes.replace(entryOfClose.bytes.find("quitApplication"), 15, "closeWindow");
+    platform.userDefaults.setFromOutside("quitApplication", entry(13, "command"));
+    platform.userDefaults.setFromOutside("closeWindow", entryOfClose);
+    EXPECT_TRUE(guards(commandW));
+    EXPECT_TRUE(close.isEnabled());
+    EXPECT_TRUE(platform.errorLog.entries.empty());
+}
+
+TEST_F(KeyCommandTest, failedRegistration_isLoggedOnceForACombination) {
+    platform.hotKeys.takeByOther(commandQ);
+    const KeyCommand quit = quitCommand();
+    quit.enable();
+    quit.enable();
+    EXPECT_EQ(platform.errorLog.entries.size(), 1U);
 }
 
 } // namespace
