@@ -15,6 +15,7 @@
 #include "platform/linux/system_shortcuts.h"
 #include "platform/qt/qt_alerts.h"
 #include "platform/qt/qt_application_actions.h"
+#include "platform/qt/qt_localizer.h"
 #include "platform/qt/qt_menu_tracking.h"
 #include "platform/qt/qt_run_loop.h"
 #include "platform/qt/qt_session_lock.h"
@@ -53,14 +54,15 @@ private:
 
 /// What every Linux desktop shares.
 struct LinuxServices {
-    LinuxServices(RunLoop& runLoop, ErrorLog& errorLog)
+    LinuxServices(RunLoop& runLoop, const Localizer& localizer, ErrorLog& errorLog)
         : userDefaults(JsonUserDefaults::defaultPath(), runLoop, errorLog),
           entries(runLoop, folders.applicationFolders(), LocaleNames::from(environment),
                   splitList(environment("PATH").value_or(""), ':')),
           fileManager(runLoop, entries, folders,
                       splitList(environment("XDG_CURRENT_DESKTOP").value_or(""), ':')),
           identifier(entries, fileManager, processes),
-          bundleReader(entries, ResourceFiles(ResourceFiles::defaultFolders())) {}
+          bundleReader(entries, ResourceFiles(ResourceFiles::defaultFolders())),
+          loginItem(AutostartPlaces::from(environment), localizer) {}
 
     Environment environment = processEnvironment();
     BaseFolders folders = BaseFolders::from(environment);
@@ -70,14 +72,15 @@ struct LinuxServices {
     ProcFolderReader processes;
     ApplicationIdentifier identifier;
     LinuxBundleReader bundleReader;
-    AutostartLoginItem loginItem{AutostartPlaces::from(environment)};
+    AutostartLoginItem loginItem;
 };
 
 class X11Backend final : public Backend {
 public:
     X11Backend(std::unique_ptr<X11Connection> connection, int& argc, char** argv,
                ErrorLog& errorLog)
-        : connection_(std::move(connection)), toolkit_(argc, argv), linux_(runLoop_, errorLog),
+        : connection_(std::move(connection)), toolkit_(argc, argv),
+          linux_(runLoop_, localizer_, errorLog),
           workspace_(*connection_, linux_.identifier, actions_,
                      {[this](const std::string& path) { return linux_.bundleReader.icon(path); },
                       openUrl}),
@@ -100,7 +103,8 @@ public:
                                            beeper_,
                                            errorLog,
                                            windowHost_,
-                                           panelSupport_},
+                                           panelSupport_,
+                                           localizer_},
           lost_(connection_->lost.subscribe(
               [this] { lost.emit("the connection to the X server broke"); })),
           didLock_(sessionLock_.didLock.subscribe([this] { hotKeys_.releaseAll(); })) {
@@ -135,6 +139,7 @@ private:
     std::unique_ptr<X11Connection> connection_;
     Toolkit toolkit_;
     QtRunLoop runLoop_;
+    QtLocalizer localizer_;
     LinuxServices linux_;
     QtApplicationActions actions_;
     X11Workspace workspace_;

@@ -2,6 +2,7 @@
 #include "hold/timer_manager.h"
 
 #include <string_view>
+#include <utility>
 
 namespace dwellkey {
 namespace {
@@ -94,7 +95,6 @@ void TimerManager::act(CloseMethod method) {
 }
 
 void TimerManager::closeFrontWindow() {
-    Alert alert{"Unable to Close Window", "", AlertStyle::warning, {"OK"}};
     if (!platform_.accessibilityTrust.isProcessTrusted()) {
         requestAccessibility();
         return;
@@ -104,8 +104,8 @@ void TimerManager::closeFrontWindow() {
         return;
     }
     if (!closeWindowScript_) {
-        alert.informativeText = "Missing app files, please reinstall the application.";
-        platform_.alerts.runModal(alert);
+        tellUnableToClose(platform_.localizer.localized(
+            "TimerManager", "Missing app files, please reinstall the application."));
         return;
     }
     const std::string& name = *frontmost->localizedName();
@@ -115,22 +115,35 @@ void TimerManager::closeFrontWindow() {
         return;
     }
     if (const auto error = script->execute()) {
-        alert.informativeText = "Could not close the window for " + name + ".";
-        platform_.errorLog.error(alert.informativeText, error->message);
-        platform_.alerts.runModal(alert);
+        platform_.errorLog.error("Could not close the window for " + name + ".", error->message);
+        tellUnableToClose(withArgument(
+            platform_.localizer.localized("TimerManager", "Could not close the window for %1."),
+            name));
     }
+}
+
+void TimerManager::tellUnableToClose(std::string reason) {
+    const Localizer& localizer = platform_.localizer;
+    platform_.alerts.runModal({localizer.localized("TimerManager", "Unable to Close Window"),
+                               std::move(reason),
+                               AlertStyle::warning,
+                               {localizer.localized("TimerManager", "OK")}});
 }
 
 void TimerManager::requestAccessibility() {
     if (platform_.accessibilityTrust.isProcessTrusted()) {
         return;
     }
+    const Localizer& localizer = platform_.localizer;
     const int response = platform_.alerts.runModal(
-        {"Accessibility Permission Needed",
-         "Dwellkey needs accessibility permission to close app windows. Click 'Open System "
-         "Preferences' and enable Dwellkey in the Accessibility section.",
+        {localizer.localized("TimerManager", "Accessibility Permission Needed"),
+         localizer.localized(
+             "TimerManager",
+             "Dwellkey needs accessibility permission to close app windows. Click 'Open System "
+             "Preferences' and enable Dwellkey in the Accessibility section."),
          AlertStyle::warning,
-         {"Open System Preferences", "Cancel"}});
+         {localizer.localized("TimerManager", "Open System Preferences"),
+          localizer.localized("TimerManager", "Cancel")}});
     if (response == alertFirstButtonReturn
         && !platform_.workspace.openUrl(accessibilitySettingsAddress)) {
         platform_.errorLog.error("The accessibility settings could not be opened.",

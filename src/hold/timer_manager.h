@@ -47,6 +47,7 @@ public:
     /// Offers, in a modal alert, the settings page that grants the permission; nothing when it is
     /// granted.
     void requestAccessibility();
+    void tellUnableToClose(std::string reason);
     [[nodiscard]] bool isFinderFrontmost() const;
 
 private:

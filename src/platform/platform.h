@@ -5,6 +5,7 @@
 #include "platform/bundle_reader.h"
 #include "platform/hot_keys.h"
 #include "platform/keyboard.h"
+#include "platform/localization.h"
 #include "platform/run_loop.h"
 #include "platform/session.h"
 #include "platform/user_defaults.h"
@@ -32,6 +33,7 @@ struct Platform {
     ErrorLog& errorLog;
     WindowHost& windowHost;
     PanelSupport& panelSupport;
+    Localizer& localizer;
 
     /// The process's platform; one must have been installed.
     static Platform& shared();

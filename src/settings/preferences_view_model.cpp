@@ -170,9 +170,14 @@ void PreferencesViewModel::applyLoginItem() {
         starts ? platform_.loginItem.registerItem() : platform_.loginItem.unregisterItem();
     if (error) {
         setStartOnLogin(!starts);
-        alertManager_.showAlert("Login Item Error", (starts ? "Unable to enable launch at login: "
-                                                            : "Unable to disable launch at login: ")
-                                                        + error->localizedDescription);
+        const Localizer& localizer = platform_.localizer;
+        alertManager_.showAlert(
+            localizer.localized("PreferencesViewModel", "Login Item Error"),
+            (starts
+                 ? localizer.localized("PreferencesViewModel", "Unable to enable launch at login: ")
+                 : localizer.localized("PreferencesViewModel",
+                                       "Unable to disable launch at login: "))
+                + error->localizedDescription);
     }
     isUpdatingLoginItem_ = false;
 }

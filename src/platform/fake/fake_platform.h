@@ -5,6 +5,7 @@
 #include "platform/fake/fake_bundle_reader.h"
 #include "platform/fake/fake_hot_keys.h"
 #include "platform/fake/fake_keyboard.h"
+#include "platform/fake/fake_localizer.h"
 #include "platform/fake/fake_run_loop.h"
 #include "platform/fake/fake_session.h"
 #include "platform/fake/fake_user_defaults.h"
@@ -35,6 +36,7 @@ public:
     FakeErrorLog errorLog;
     FakeWindowHost windowHost;
     FakePanelSupport panelSupport;
+    FakeLocalizer localizer;
 
     [[nodiscard]] Platform& platform() { return platform_; }
 
@@ -43,7 +45,7 @@ private:
                        bundleReader, loginItem, accessibilityTrust, scriptHost,
                        alerts,       hotKeys,   keyboardLayout,     systemShortcuts,
                        menuTracking, beeper,    errorLog,           windowHost,
-                       panelSupport};
+                       panelSupport, localizer};
 };
 
 } // namespace dwellkey

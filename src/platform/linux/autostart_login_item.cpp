@@ -126,16 +126,20 @@ AutostartPlaces AutostartPlaces::from(const Environment& environment) {
 std::optional<LoginItem::Error> AutostartLoginItem::registerItem() {
     const auto installed = installedEntry();
     if (!installed) {
-        return Error{"Dwellkey is not installed: there is no " + std::string(entryName)
-                     + " in the applications folders."};
+        return Error{withArgument(localizer_.localized("AutostartLoginItem",
+                                                       "Dwellkey is not installed: there is no %1 "
+                                                       "in the applications folders."),
+                                  entryName)};
     }
     switch (status()) {
     case LoginItemStatus::enabled:
         return std::nullopt;
     case LoginItemStatus::requiresApproval:
-        return Error{"It is switched off in the desktop's own settings. Switch it on there, or "
-                     "remove the file \""
-                     + entryPath() + "\"."};
+        return Error{
+            withArgument(localizer_.localized("AutostartLoginItem",
+                                              "It is switched off in the desktop's own settings. "
+                                              "Switch it on there, or remove the file \"%1\"."),
+                         entryPath())};
     default:
         return writeEntry(*installed);
     }
@@ -147,7 +151,10 @@ std::optional<LoginItem::Error> AutostartLoginItem::writeEntry(const std::string
         error = replaceFile(entryPath(), autostartEntry(installed));
     }
     if (error) {
-        return Error{"The file \"" + entryPath() + "\" cannot be written: " + error->cause + "."};
+        return Error{withArgument(localizer_.localized("AutostartLoginItem",
+                                                       "The file \"%1\" cannot be written: "),
+                                  entryPath())
+                     + error->cause + "."};
     }
     return std::nullopt;
 }
@@ -156,8 +163,11 @@ std::optional<LoginItem::Error> AutostartLoginItem::unregisterItem() {
     if (unlink(entryPath().c_str()) == 0 || errno == ENOENT || errno == ENOTDIR) {
         return std::nullopt;
     }
-    return Error{"The file \"" + entryPath() + "\" cannot be removed: " + lastFileError().cause
-                 + "."};
+    const std::string cause = lastFileError().cause;
+    return Error{withArgument(localizer_.localized("AutostartLoginItem",
+                                                   "The file \"%1\" cannot be removed: "),
+                              entryPath())
+                 + cause + "."};
 }
 
 LoginItemStatus AutostartLoginItem::status() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/linux/environment.h"
+#include "platform/localization.h"
 #include "platform/session.h"
 
 #include <optional>
@@ -28,7 +29,9 @@ struct AutostartPlaces {
 ///   notFound          our desktop entry is not installed
 class AutostartLoginItem final : public LoginItem {
 public:
-    explicit AutostartLoginItem(AutostartPlaces places) : places_(std::move(places)) {}
+    /// The localizer must outlive the item.
+    AutostartLoginItem(AutostartPlaces places, const Localizer& localizer)
+        : places_(std::move(places)), localizer_(localizer) {}
 
     /// Leaves an enabled entry as it is: the user may have added to it.
     std::optional<Error> registerItem() override;
@@ -42,6 +45,7 @@ private:
     [[nodiscard]] std::optional<Error> writeEntry(const std::string& installed) const;
 
     AutostartPlaces places_;
+    const Localizer& localizer_;
 };
 
 } // namespace dwellkey

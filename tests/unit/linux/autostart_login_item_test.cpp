@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/autostart_login_item.h"
+
+#include "platform/fake/fake_localizer.h"
 #include "scratch_folder.h"
 
 #include <filesystem>
@@ -27,10 +29,12 @@ protected:
 
     testing::ScratchFolder folder;
     std::string entry = folder / "config/autostart/org.dwellkey.Dwellkey.desktop";
+    FakeLocalizer localizer;
     mutable AutostartLoginItem item{
         {.autostartFolder = folder / "config/autostart",
          .applicationFolders = {folder / "home/applications", folder / "share/applications"},
-         .currentDesktops = {"ubuntu", "GNOME"}}};
+         .currentDesktops = {"ubuntu", "GNOME"}},
+        localizer};
 };
 
 TEST_F(AutostartLoginItemTest, registerItem_installed_makesAnEntryFromOurs) {

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// A language in which every text is itself, but for those that a test gives another. std only.
+#pragma once
+
+#include "platform/localization.h"
+
+#include <map>
+#include <string>
+
+namespace dwellkey {
+
+class FakeLocalizer final : public Localizer {
+public:
+    [[nodiscard]] std::string localized(const char* /*context*/, const char* text) const override {
+        const auto translation = translations.find(text);
+        return translation == translations.end() ? text : translation->second;
+    }
+
+    std::map<std::string, std::string, std::less<>> translations;
+};
+
+} // namespace dwellkey
