@@ -2,10 +2,9 @@
 #include "platform/linux/file_watch.h"
 
 #include "platform/linux/atomic_file.h"
+#include "platform/linux/inotify_events.h"
 
-#include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <sys/inotify.h>
 #include <utility>
@@ -83,18 +82,10 @@ bool FileWatch::watchFolder(const std::string& folder, const std::string& name) 
 }
 
 void FileWatch::readEvents() {
-    alignas(inotify_event) std::array<char, 4096> buffer{};
     bool concerned = false;
-    ssize_t size = 0;
-    while ((size = read(inotify_.get(), buffer.data(), buffer.size())) > 0) {
-        for (const char* next = buffer.data(); next < buffer.data() + size;) {
-            inotify_event event{};
-            std::memcpy(&event, next, sizeof event);
-            const std::string name = event.len == 0 ? "" : next + sizeof event; // zero-terminated
-            concerned = concerned || concernsUs(event.wd, event.mask, name);
-            next += sizeof event + event.len;
-        }
-    }
+    readInotifyEvents(inotify_.get(), [&](const inotify_event& event, const char* name) {
+        concerned = concerned || concernsUs(event.wd, event.mask, name);
+    });
     if (concerned) {
         arm();
         changed_();

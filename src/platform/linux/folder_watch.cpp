@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/folder_watch.h"
 
-#include <sys/inotify.h>
+#include "platform/linux/inotify_events.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstddef>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -87,27 +85,16 @@ bool FolderWatch::tryAdd(const std::string& folder, const Interest& interest) {
 
 void FolderWatch::readEvents() {
     bool matters = false;
-    alignas(inotify_event) std::array<char, 8192> buffer{};
-    for (;;) {
-        const ssize_t length = ::read(inotify_.get(), buffer.data(), buffer.size());
-        if (length <= 0) {
-            break;
-        }
-        for (std::size_t at = 0; at < static_cast<std::size_t>(length);) {
-            inotify_event event{};
-            std::memcpy(&event, buffer.data() + at, sizeof event);
-            const char* name = event.len > 0 ? buffer.data() + at + sizeof event : "";
-            at += sizeof event + event.len;
-            const bool isFolder = (event.mask & IN_ISDIR) != 0;
-            const auto watched = interests_.find(event.wd);
-            // An event without a name is the loss of the folder itself, or of further events.
-            matters |= *name == '\0'
-                       || (watched != interests_.end()
-                           && std::ranges::any_of(watched->second, [&](const Interest& interest) {
-                                  return interest(name, isFolder);
-                              }));
-        }
-    }
+    readInotifyEvents(inotify_.get(), [&](const inotify_event& event, const char* name) {
+        const bool isFolder = (event.mask & IN_ISDIR) != 0;
+        const auto watched = interests_.find(event.wd);
+        // An event without a name is the loss of the folder itself, or of further events.
+        matters = matters || *name == '\0'
+                  || (watched != interests_.end()
+                      && std::ranges::any_of(watched->second, [&](const Interest& interest) {
+                             return interest(name, isFolder);
+                         }));
+    });
     if (matters) {
         disarm();
         changed_();
