@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "views/common/fixed_window.h"
+
+#include <QGuiApplication>
+#include <QLayout>
+#include <QScreen>
+#include <QShortcut>
+#include <QShowEvent>
+
+namespace dwellkey {
+
+FixedWindow::FixedWindow(const QString& title)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                           | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint
+                           | Qt::WindowCloseButtonHint) {
+    setWindowTitle(title);
+    auto* close = new QShortcut(QKeySequence(QKeySequence::Close), this);
+    connect(close, &QShortcut::activated, this, &QWidget::close);
+}
+
+void FixedWindow::open() {
+    if (isVisible()) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    } else {
+        didSetupWindow_ = false;
+        viewWillAppear();
+        setUpWindow();
+        show();
+    }
+    raise();
+    activateWindow();
+}
+
+void FixedWindow::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        setUpWindow();
+    }
+    QWidget::showEvent(event);
+}
+
+void FixedWindow::setUpWindow() {
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (didSetupWindow_ || screen == nullptr) {
+        return;
+    }
+    layout()->activate();
+    const QRect available = screen->availableGeometry();
+    const QSize frame = frameGeometry().size();
+    move(available.topLeft()
+         + QPoint((available.width() - frame.width()) / 2,
+                  (available.height() - frame.height()) / 2));
+    didSetupWindow_ = true;
+}
+
+} // namespace dwellkey

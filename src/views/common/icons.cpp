@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "views/common/icons.h"
+
+#include <QFileInfo>
+
+namespace dwellkey {
+
+QIcon loadIcon(const Image& image) {
+    const QString name = QString::fromStdString(image.name);
+    if (name.startsWith(u'/')) {
+        if (QFileInfo(name).isFile()) {
+            return QIcon(name);
+        }
+    } else if (QIcon icon = QIcon::fromTheme(name); !icon.isNull()) {
+        return icon;
+    }
+    return QIcon::fromTheme(QStringLiteral("application-x-executable"));
+}
+
+} // namespace dwellkey

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/image.h"
+
+#include <QIcon>
+
+namespace dwellkey {
+
+/// The picture from the desktop's icon theme or from its file, loaded when it is first drawn. An
+/// image that leads nowhere gives the generic picture of a program.
+QIcon loadIcon(const Image& image);
+
+} // namespace dwellkey
