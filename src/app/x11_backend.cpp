@@ -15,6 +15,7 @@
 #include "platform/linux/system_shortcuts.h"
 #include "platform/qt/qt_alerts.h"
 #include "platform/qt/qt_application_actions.h"
+#include "platform/qt/qt_key_capture.h"
 #include "platform/qt/qt_localizer.h"
 #include "platform/qt/qt_menu_tracking.h"
 #include "platform/qt/qt_run_loop.h"
@@ -104,10 +105,14 @@ public:
                                            errorLog,
                                            windowHost_,
                                            panelSupport_,
-                                           localizer_},
+                                           localizer_,
+                                           keyCapture_},
           lost_(connection_->lost.subscribe(
               [this] { lost.emit("the connection to the X server broke"); })),
-          didLock_(sessionLock_.didLock.subscribe([this] { hotKeys_.releaseAll(); })) {
+          didLock_(sessionLock_.didLock.subscribe([this] {
+              hotKeys_.releaseAll();
+              keyCapture_.mustEnd.emit();
+          })) {
         connection_->attach(runLoop_);
         runLoop_.post([this, &errorLog] { // after the hot keys are live
             sessionLock_.start();
@@ -150,6 +155,7 @@ private:
     QtAlerts alerts_;
     QtBeeper beeper_;
     QtMenuTracking menuTracking_;
+    QtKeyCapture keyCapture_;
     LinuxSystemShortcuts systemShortcuts_;
     QtSessionLock sessionLock_;
     QtWindowHost windowHost_;

@@ -48,7 +48,7 @@ void KeyCommandProxy::setModifiers(Modifiers modifiers) {
 }
 
 void KeyCommandProxy::keyOrModifiersChanged() {
-    loggedFailure_.reset();
+    registrationFailure_.reset();
     unregisterHotKey(Reregistration::yes);
     keyAndModifiersDidChange_.emit();
 }
@@ -96,12 +96,13 @@ void KeyCommandProxy::registerHotKey() {
     const auto registration = platform_.hotKeys.registerHotKey(
         static_cast<std::uint32_t>(rawValue(*key_)), hotKeyMask(modifiers_), identifier_);
     if (registration.status != noErr) {
-        if (std::exchange(loggedFailure_, registration.status) != registration.status) {
+        if (std::exchange(registrationFailure_, registration.status) != registration.status) {
             logStatus(platform_.errorLog, registration.status, "Key command registration failed.");
+            registrationDidFail_.emit();
         }
         return;
     }
-    loggedFailure_.reset();
+    registrationFailure_.reset();
     hotKeyRef_ = registration.ref;
     store();
     isRegistered_ = true;
@@ -139,6 +140,10 @@ Subscription KeyCommandProxy::observeKeyAndModifierChanges(std::function<void()>
 
 Subscription KeyCommandProxy::observeRegistrationState(std::function<void()> handler) const {
     return registrationStateDidChange_.subscribe(std::move(handler));
+}
+
+Subscription KeyCommandProxy::observeRegistrationFailure(std::function<void()> handler) const {
+    return registrationDidFail_.subscribe(std::move(handler));
 }
 
 void KeyCommandProxy::addObservation(const Observation& observation) {

@@ -42,6 +42,12 @@ public:
 
     [[nodiscard]] bool isRegistered() const { return isRegistered_; }
 
+    /// Why the present combination could not be registered, when it was tried last; absent when it
+    /// was not tried, or could be.
+    [[nodiscard]] std::optional<OSStatus> registrationFailure() const {
+        return registrationFailure_;
+    }
+
     /// Registers the combination, anew if it is registered. No effect without a key and at least
     /// one modifier. A failure is logged and leaves the command unregistered.
     void registerHotKey();
@@ -55,6 +61,8 @@ public:
     [[nodiscard]] Subscription observeKeyAndModifierChanges(std::function<void()> handler) const;
     /// Runs `handler` after `isRegistered` changed.
     [[nodiscard]] Subscription observeRegistrationState(std::function<void()> handler) const;
+    /// Runs `handler` after registering failed for a reason that is new.
+    [[nodiscard]] Subscription observeRegistrationFailure(std::function<void()> handler) const;
 
     /// No effect when it is already there.
     void addObservation(const Observation& observation);
@@ -93,13 +101,14 @@ private:
 
     Signal<> keyAndModifiersDidChange_;
     Signal<> registrationStateDidChange_;
+    Signal<> registrationDidFail_;
     /// In the order of observing. Null: removed while an event was walking the list.
     std::vector<std::shared_ptr<const Observation>> observations_;
     int firingDepth_ = 0;
     Subscription menuDidBegin_;
     Subscription menuDidEnd_;
-    /// Of this combination; each start registers a command once for each of its observers.
-    std::optional<OSStatus> loggedFailure_;
+    /// Logged once: each start registers a command once for each of its observers.
+    std::optional<OSStatus> registrationFailure_;
     OncePerTurn registerOnce_;
     Subscription editsFromOutside_;
 };

@@ -37,6 +37,14 @@ KeyCommandProxy& KeyCommandRegistry::proxy(const KeyCommand::Name& name) {
         platform_, *this, name, EventHotKeyID{signature, nextId_++}));
 }
 
+KeyCommandProxy* KeyCommandRegistry::registered(Key key, const Modifiers& modifiers) const {
+    const auto found = std::ranges::find_if(proxies_, [&](const auto& proxy) {
+        return proxy->isRegistered() && proxy->key() == key
+               && hotKeyMask(proxy->modifiers()) == hotKeyMask(modifiers);
+    });
+    return found == proxies_.end() ? nullptr : found->get();
+}
+
 OSStatus KeyCommandRegistry::installHandler() {
     if (handlerLife_) {
         return noErr;

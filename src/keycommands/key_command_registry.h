@@ -30,6 +30,9 @@ public:
     /// The proxy of the name, made now if need be; it stays where it is, for good.
     [[nodiscard]] KeyCommandProxy& proxy(const KeyCommand::Name& name);
 
+    /// The registered command of this combination; null when there is none.
+    [[nodiscard]] KeyCommandProxy* registered(Key key, const Modifiers& modifiers) const;
+
     /// Installs the handler unless it is installed.
     OSStatus installHandler();
 

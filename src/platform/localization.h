@@ -20,9 +20,9 @@ public:
     [[nodiscard]] virtual std::string localized(const char* context, const char* text) const = 0;
 };
 
-/// `text` with its "%1" replaced. A text without one is returned as it is.
-inline std::string withArgument(std::string text, std::string_view argument) {
-    constexpr std::string_view place = "%1";
+/// `text` with the first `place` in it replaced. A text without one is returned as it is.
+inline std::string withArgument(std::string text, std::string_view argument,
+                                std::string_view place = "%1") {
     if (const auto at = text.find(place); at != std::string::npos) {
         text.replace(at, place.size(), argument);
     }

@@ -4,6 +4,7 @@
 
 #include "platform/bundle_reader.h"
 #include "platform/hot_keys.h"
+#include "platform/key_capture.h"
 #include "platform/keyboard.h"
 #include "platform/localization.h"
 #include "platform/run_loop.h"
@@ -34,6 +35,7 @@ struct Platform {
     WindowHost& windowHost;
     PanelSupport& panelSupport;
     Localizer& localizer;
+    KeyCapture& keyCapture;
 
     /// The process's platform; one must have been installed.
     static Platform& shared();

@@ -4,6 +4,7 @@
 
 #include "platform/fake/fake_bundle_reader.h"
 #include "platform/fake/fake_hot_keys.h"
+#include "platform/fake/fake_key_capture.h"
 #include "platform/fake/fake_keyboard.h"
 #include "platform/fake/fake_localizer.h"
 #include "platform/fake/fake_run_loop.h"
@@ -37,6 +38,7 @@ public:
     FakeWindowHost windowHost;
     FakePanelSupport panelSupport;
     FakeLocalizer localizer;
+    FakeKeyCapture keyCapture;
 
     [[nodiscard]] Platform& platform() { return platform_; }
 
@@ -45,7 +47,7 @@ private:
                        bundleReader, loginItem, accessibilityTrust, scriptHost,
                        alerts,       hotKeys,   keyboardLayout,     systemShortcuts,
                        menuTracking, beeper,    errorLog,           windowHost,
-                       panelSupport, localizer};
+                       panelSupport, localizer, keyCapture};
 };
 
 } // namespace dwellkey

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "keycommands/key_command_shortcut.h"
+
+#include "keycommands/key_command_registry.h"
+
+#include <memory>
+#include <utility>
+
+namespace dwellkey {
+
+KeyCommandShortcut::KeyCommandShortcut(KeyCommand keyCommand)
+    : keyCommand_(std::move(keyCommand)), proxy_(keyCommand_.proxy()) {}
+
+std::optional<RegistrationFailure> KeyCommandShortcut::registrationFailure() const {
+    const auto status = proxy_.registrationFailure();
+    if (!status || !proxy_.key()) {
+        return std::nullopt;
+    }
+    switch (*status) {
+    case eventHotKeyExistsErr: {
+        const bool isOurs =
+            keyCommand_.registry().registered(*proxy_.key(), proxy_.modifiers()) != nullptr;
+        return isOurs ? RegistrationFailure::takenByAnotherCommand
+                      : RegistrationFailure::takenByAnotherProgram;
+    }
+    case eventHotKeyInvalidErr:
+        return RegistrationFailure::notOnThisKeyboard;
+    default:
+        return RegistrationFailure::serviceFailed;
+    }
+}
+
+void KeyCommandShortcut::set(Key key, Modifiers modifiers) {
+    proxy_.setBlocksRegistrationChanges(true);
+    proxy_.setKey(key);
+    proxy_.setModifiers(std::move(modifiers));
+    proxy_.setBlocksRegistrationChanges(false);
+}
+
+Subscription KeyCommandShortcut::observe(std::function<void()> changed) {
+    struct Observed {
+        Subscription combination;
+        Subscription registration;
+        Subscription failure;
+    };
+    auto observed = std::make_shared<Observed>(Observed{
+        proxy_.observeKeyAndModifierChanges(changed), proxy_.observeRegistrationState(changed),
+        proxy_.observeRegistrationFailure(changed)});
+    return Subscription([observed] { *observed = {}; });
+}
+
+} // namespace dwellkey

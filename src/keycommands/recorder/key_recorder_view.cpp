@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "keycommands/recorder/key_recorder_view.h"
+
+#include "keycommands/key_command_shortcut.h"
+#include "keycommands/recorder/caption_label.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <QVariant>
+#include <utility>
+
+namespace dwellkey {
+namespace {
+constexpr const char* styleProperty = "keyRecorderBezelStyle";
+constexpr int nameSpacing = 8;
+constexpr int failureSpacing = 2;
+
+/// Keeps its order from left to right where the language has another.
+QString isolated(const QString& text) {
+    constexpr QChar leftToRightIsolate(0x2066);
+    constexpr QChar popDirectionalIsolate(0x2069);
+    return text.isEmpty() ? text : leftToRightIsolate + text + popDirectionalIsolate;
+}
+
+} // namespace
+
+KeyRecorderView::KeyRecorderView(KeyCommand keyCommand, Platform& platform, QWidget* parent)
+    : KeyRecorderView(std::make_unique<KeyCommandShortcut>(std::move(keyCommand)), platform,
+                      parent) {}
+
+KeyRecorderView::KeyRecorderView(std::unique_ptr<RecordableShortcut> shortcut, Platform& platform,
+                                 QWidget* parent)
+    : QWidget(parent), recorder_(new KeyRecorder(std::move(shortcut), platform, this)),
+      nativeName_(new CaptionLabel(this)), failure_(new CaptionLabel(this)) {
+    recorder_->hasBackingView = true;
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(failureSpacing);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(nameSpacing);
+    row->addWidget(recorder_);
+    row->addWidget(nativeName_);
+    row->addStretch();
+    column->addLayout(row);
+    column->addWidget(failure_);
+    setFocusProxy(recorder_);
+    changes_ = recorder_->segmentedControl().recording().didChange.subscribe([this] { refresh(); });
+    refresh();
+}
+
+void KeyRecorderView::refresh() {
+    const KeyRecording& recording = recorder_->segmentedControl().recording();
+    nativeName_->setText(isolated(QString::fromStdString(recording.nativeName())));
+    const QString failure = QString::fromStdString(recording.failureText());
+    failure_->setText(failure);
+    failure_->setVisible(!failure.isEmpty());
+}
+
+bool KeyRecorderView::event(QEvent* event) {
+    if (event->type() == QEvent::Polish || event->type() == QEvent::Show
+        || event->type() == QEvent::ParentChange) {
+        recorder_->setBezelStyle(KeyRecorderBezelStyle::of(*this));
+        recorder_->segmentedControl().setPurpose(accessibleName());
+    }
+    return QWidget::event(event);
+}
+
+void KeyRecorderBezelStyle::applyTo(QWidget& widget) const {
+    widget.setProperty(styleProperty, static_cast<int>(style_));
+    for (const KeyRecorderView* view : widget.findChildren<KeyRecorderView*>()) {
+        view->recorder().setBezelStyle(of(*view));
+    }
+}
+
+BezelStyle KeyRecorderBezelStyle::of(const QWidget& widget) {
+    for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
+        if (const QVariant style = at->property(styleProperty); style.isValid()) {
+            return static_cast<BezelStyle>(style.toInt());
+        }
+    }
+    return BezelStyle::rounded;
+}
+
+} // namespace dwellkey
