@@ -7,8 +7,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace dwellkey {
+
+/// Why a file could not be read: one line that names it.
+struct ResourceError {
+    std::string description;
+};
 
 class BundleReader {
 public:
@@ -30,6 +36,15 @@ public:
     /// missing or unreadable.
     [[nodiscard]] virtual std::optional<std::string> resourceText(std::string_view name,
                                                                   std::string_view type) const = 0;
+
+    /// Where one of our own resources is; absent when it is not installed. Its file may still be
+    /// unreadable.
+    [[nodiscard]] virtual std::optional<std::string>
+    pathForResource(std::string_view name, std::string_view type) const = 0;
+
+    /// The whole text of a file, as UTF-8, or why it cannot be had.
+    [[nodiscard]] virtual std::variant<std::string, ResourceError>
+    fileText(const std::string& path) const = 0;
 
     /// An entry of our own information dictionary ("CFBundleShortVersionString").
     [[nodiscard]] virtual std::optional<std::string> infoString(std::string_view key) const = 0;

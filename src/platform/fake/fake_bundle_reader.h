@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 namespace dwellkey {
 
@@ -36,6 +37,22 @@ public:
                                                           std::string_view type) const override {
         return lookUp(resources, std::string(name) + "." + std::string(type));
     }
+    [[nodiscard]] std::optional<std::string> pathForResource(std::string_view name,
+                                                             std::string_view type) const override {
+        const std::string file = std::string(name) + "." + std::string(type);
+        const bool isInstalled = resources.contains(file) || unreadableResources.contains(file);
+        return isInstalled ? std::optional(resourceFolder + file) : std::nullopt;
+    }
+    [[nodiscard]] std::variant<std::string, ResourceError>
+    fileText(const std::string& path) const override {
+        const auto text = path.starts_with(resourceFolder)
+                              ? lookUp(resources, path.substr(resourceFolder.size()))
+                              : std::nullopt;
+        if (!text) {
+            return ResourceError{path + ": cannot be read"};
+        }
+        return *text;
+    }
     [[nodiscard]] std::optional<std::string> infoString(std::string_view key) const override {
         return lookUp(infoStrings, key);
     }
@@ -52,11 +69,14 @@ public:
 
     using Texts = std::map<std::string, std::string, std::less<>>;
 
-    std::set<std::string> files; // paths
-    Texts resources;             // by "name.type"
+    std::set<std::string> files;               // paths
+    Texts resources;                           // by "name.type"
+    std::set<std::string> unreadableResources; // installed, but only as files that do not open
     Texts infoStrings;
 
 private:
+    static inline const std::string resourceFolder = "/resources/";
+
     static std::optional<std::string> lookUp(const Texts& texts, std::string_view key) {
         const auto found = texts.find(key);
         return found == texts.end() ? std::nullopt : std::optional(found->second);

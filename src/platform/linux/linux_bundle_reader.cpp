@@ -44,6 +44,16 @@ std::optional<std::string> LinuxBundleReader::resourceText(std::string_view name
     return resources_.resourceText(name, type);
 }
 
+std::optional<std::string> LinuxBundleReader::pathForResource(std::string_view name,
+                                                              std::string_view type) const {
+    return resources_.pathForResource(name, type);
+}
+
+std::variant<std::string, ResourceError>
+LinuxBundleReader::fileText(const std::string& path) const {
+    return ResourceFiles::fileText(path);
+}
+
 std::optional<std::string> LinuxBundleReader::infoString(std::string_view key) const {
     return ResourceFiles::infoString(key);
 }

@@ -25,6 +25,9 @@ public:
     bool fileExists(const std::string& path) const override;
     std::optional<std::string> resourceText(std::string_view name,
                                             std::string_view type) const override;
+    std::optional<std::string> pathForResource(std::string_view name,
+                                               std::string_view type) const override;
+    std::variant<std::string, ResourceError> fileText(const std::string& path) const override;
     std::optional<std::string> infoString(std::string_view key) const override;
 
     /// The icon that the desktop entry at this path states, or the one of any program.

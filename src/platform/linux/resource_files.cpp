@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 #include <variant>
 
 namespace dwellkey {
@@ -16,6 +17,10 @@ constexpr std::size_t largestResource = 1024UL * 1024; // bytes
 
 bool isBelow(const std::string& path, std::string_view folder) {
     return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
+}
+
+std::string fileName(std::string_view name, std::string_view type) {
+    return "/" + std::string(name) + "." + std::string(type);
 }
 
 } // namespace
@@ -35,15 +40,34 @@ std::vector<std::string> ResourceFiles::defaultFolders() {
 
 std::optional<std::string> ResourceFiles::resourceText(std::string_view name,
                                                        std::string_view type) const {
-    const std::string fileName = "/" + std::string(name) + "." + std::string(type);
     for (const std::string& folder : folders_) {
-        const auto content = readTextFile(folder + fileName, largestResource);
-        const auto* bytes = std::get_if<std::string>(&content);
-        if (auto text = bytes == nullptr ? std::nullopt : decodeText(*bytes)) {
-            return text;
+        auto read = fileText(folder + fileName(name, type));
+        if (auto* text = std::get_if<std::string>(&read)) {
+            return std::move(*text);
         }
     }
     return std::nullopt;
+}
+
+std::optional<std::string> ResourceFiles::pathForResource(std::string_view name,
+                                                          std::string_view type) const {
+    for (const std::string& folder : folders_) {
+        if (std::string path = folder + fileName(name, type); fileExists(path)) {
+            return path;
+        }
+    }
+    return std::nullopt;
+}
+
+std::variant<std::string, ResourceError> ResourceFiles::fileText(const std::string& path) {
+    auto content = readTextFile(path, largestResource);
+    if (auto* problem = std::get_if<FileProblem>(&content)) {
+        return ResourceError{std::move(problem->cause)};
+    }
+    if (auto text = decodeText(std::get<std::string>(content))) {
+        return *std::move(text);
+    }
+    return ResourceError{path + ": not a text"};
 }
 
 std::optional<std::string> ResourceFiles::infoString(std::string_view key) {

@@ -2,9 +2,12 @@
 // This program's own resources on disk. std and POSIX only.
 #pragma once
 
+#include "platform/bundle_reader.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace dwellkey {
@@ -22,6 +25,13 @@ public:
     /// UTF-16 with a mark. Absent when it is missing, unreadable, not text or larger than 1 MiB.
     [[nodiscard]] std::optional<std::string> resourceText(std::string_view name,
                                                           std::string_view type) const;
+
+    /// The first of the folders' files of that name, readable or not.
+    [[nodiscard]] std::optional<std::string> pathForResource(std::string_view name,
+                                                             std::string_view type) const;
+
+    /// The file's text as UTF-8, under the same conditions as `resourceText`.
+    [[nodiscard]] static std::variant<std::string, ResourceError> fileText(const std::string& path);
 
     /// "CFBundleShortVersionString" is this program's version; there are no others.
     [[nodiscard]] static std::optional<std::string> infoString(std::string_view key);

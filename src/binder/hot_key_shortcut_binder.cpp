@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "binder/hot_key_shortcut_binder.h"
+
+#include "keycommands/key_command_coding.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace dwellkey {
+
+HotKeyShortcutBinder::HotKeyShortcutBinder(HotKeys& hotKeys, const UserDefaults& userDefaults,
+                                           ErrorLog& errorLog)
+    : hotKeys_(hotKeys), userDefaults_(userDefaults), errorLog_(errorLog) {}
+
+HotKeyShortcutBinder::~HotKeyShortcutBinder() {
+    for (const Binding& binding : bindings_) {
+        hotKeys_.unregisterHotKey(binding.ref);
+    }
+}
+
+void HotKeyShortcutBinder::bindShortcut(std::string_view defaultsKey, Action toAction,
+                                        Action onKeyUp) {
+    breakBinding(defaultsKey);
+    const auto combination = storedCombination(defaultsKey);
+    if (!combination) {
+        noteFailure(defaultsKey, std::nullopt);
+        return;
+    }
+    const EventHotKeyID id{signature, nextId_++};
+    HotKeys::Registration registration{installHandler(), {}};
+    if (registration.status == noErr) {
+        registration = hotKeys_.registerHotKey(combination->keyCode, combination->modifiers, id);
+    }
+    if (registration.status != noErr) {
+        noteFailure(defaultsKey, Failure{*combination, registration.status});
+        return;
+    }
+    noteFailure(defaultsKey, std::nullopt);
+    bindings_.push_back(
+        {std::string(defaultsKey), id, registration.ref, std::move(toAction), std::move(onKeyUp)});
+}
+
+void HotKeyShortcutBinder::breakBinding(std::string_view defaultsKey) {
+    const auto found = std::ranges::find(bindings_, defaultsKey, &Binding::defaultsKey);
+    if (found == bindings_.end()) {
+        return;
+    }
+    const Binding broken = std::move(*found);
+    bindings_.erase(found);
+    hotKeys_.unregisterHotKey(broken.ref);
+    if (broken.isPressed) {
+        broken.onKeyUp(); // the service will not say so any more
+    }
+}
+
+std::optional<HotKeyShortcutBinder::Combination>
+HotKeyShortcutBinder::storedCombination(std::string_view defaultsKey) const {
+    const auto stored = storedKeyCommand(userDefaults_, KeyCommand::Name(std::string(defaultsKey)));
+    if (!stored || !stored->key || stored->modifiers.empty()) {
+        return std::nullopt;
+    }
+    return Combination{static_cast<std::uint32_t>(rawValue(*stored->key)),
+                       hotKeyMask(stored->modifiers)};
+}
+
+OSStatus HotKeyShortcutBinder::installHandler() {
+    if (handlerLife_) {
+        return noErr;
+    }
+    auto life = std::make_shared<const bool>(true);
+    const OSStatus status =
+        hotKeys_.installHandler([this, alive = std::weak_ptr(life)](const HotKeyEvent* event) {
+            return alive.expired() ? eventNotHandledErr : handle(event);
+        });
+    if (status == noErr) {
+        handlerLife_ = std::move(life);
+    }
+    return status;
+}
+
+OSStatus HotKeyShortcutBinder::handle(const HotKeyEvent* event) {
+    if (event == nullptr || !event->hotKeyID) {
+        return eventNotHandledErr;
+    }
+    const auto binding = std::ranges::find(bindings_, *event->hotKeyID, &Binding::id);
+    if (binding == bindings_.end()) {
+        return eventNotHandledErr;
+    }
+    const bool isPress = event->kind == kEventHotKeyPressed;
+    binding->isPressed = isPress;
+    const Action action =
+        isPress ? binding->toAction : binding->onKeyUp; // it may break the binding
+    action();
+    return noErr;
+}
+
+void HotKeyShortcutBinder::noteFailure(std::string_view defaultsKey,
+                                       std::optional<Failure> failure) {
+    const auto known = failures_.find(defaultsKey);
+    if (!failure) {
+        if (known != failures_.end()) {
+            failures_.erase(known);
+        }
+        return;
+    }
+    if (known == failures_.end() || known->second != *failure) {
+        errorLog_.error("The shortcut \"" + std::string(defaultsKey) + "\" could not be bound.",
+                        statusDescription(failure->status));
+        failures_.insert_or_assign(std::string(defaultsKey), *failure);
+    }
+}
+
+} // namespace dwellkey
