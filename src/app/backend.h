@@ -23,6 +23,9 @@ public:
     virtual Platform& platform() = 0;
     virtual QtWindowHost& windowHost() = 0;
 
+    /// Tells the desktop that a launch is complete; nothing for an empty id.
+    virtual void endStartupNotification(std::string_view startupId) = 0;
+
     /// Runs the loop until `quit`; returns the status that was given there.
     virtual int run() = 0;
     virtual void quit(int status) = 0;

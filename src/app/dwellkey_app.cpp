@@ -16,9 +16,8 @@ DwellkeyApp::DwellkeyApp(Backend& backend)
       timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
       lost_(backend.lost.subscribe([this](std::string_view cause) {
-          Platform& platform = backend_.platform();
-          platform.errorLog.error("Dwellkey ends: the desktop is gone.", cause);
-          platform.userDefaults.synchronize();
+          backend_.platform().errorLog.error("Dwellkey ends: the desktop is gone.", cause);
+          appDelegate_.willTerminate();
           // Not the ordinary way out: everything that talks to the display is dead.
           std::_Exit(statusLost);
       })),
@@ -32,10 +31,16 @@ int DwellkeyApp::run() {
     backend_.platform().runLoop.post([this] {
         appDelegate_.didFinishLaunching();
         timerView().prepare(); // so that the first hold shows as fast as all others
+        didFinishLaunching.emit();
     });
     const int status = backend_.run();
     appDelegate_.willTerminate();
     return status;
+}
+
+void DwellkeyApp::reopen() {
+    appDelegate_.shouldHandleReopen(false);
+    backend_.platform().workspace.activateOurselves();
 }
 
 void DwellkeyApp::declareWindows() {

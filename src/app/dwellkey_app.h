@@ -22,6 +22,12 @@ public:
     DwellkeyApp& operator=(const DwellkeyApp&) = delete;
     ~DwellkeyApp();
 
+    /// Emitted in the loop once the launch is complete.
+    Signal<> didFinishLaunching;
+
+    /// The user started the running program again.
+    void reopen();
+
     /// Until the process is asked to end; returns its exit status.
     int run();
 

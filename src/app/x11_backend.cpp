@@ -25,6 +25,7 @@
 #include "platform/x11/x11_hot_keys.h"
 #include "platform/x11/x11_keyboard_layout.h"
 #include "platform/x11/x11_panel_support.h"
+#include "platform/x11/x11_startup_notice.h"
 #include "platform/x11/x11_workspace.h"
 
 #include <QApplication>
@@ -122,6 +123,9 @@ public:
 
     Platform& platform() override { return platform_; }
     QtWindowHost& windowHost() override { return windowHost_; }
+    void endStartupNotification(std::string_view startupId) override {
+        dwellkey::endStartupNotification(*connection_, startupId);
+    }
     int run() override { return QApplication::exec(); }
     void quit(int status) override { QApplication::exit(status); }
 

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// Started, started again, hung, killed, asked to end.
+#include "end_to_end.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace dwellkey::e2e {
+
+class LifeCycle : public EndToEnd {
+protected:
+    std::unique_ptr<ChildProcess> startAgain(const Environment& additions = {}) {
+        return desktop.start({Desktop::built("dwellkey")}, additions);
+    }
+
+    [[nodiscard]] bool arePreferencesOpen() const {
+        return screen.windowTitled("Preferences")
+               || readFile(desktop.folder("logs") / "dwellkey.log").find("\"PreferencesView\"")
+                      != std::string::npos;
+    }
+
+    void awaitPreferences() const {
+        screen.await("the preferences", [&] { return arePreferencesOpen(); });
+    }
+
+    void awaitKeysTaken() const {
+        screen.await("Ctrl+Q to be taken",
+                     [&] { return screen.isGrabbed(key::q, XCB_MOD_MASK_CONTROL); });
+    }
+
+    [[nodiscard]] nlohmann::json storedSettings() const {
+        return nlohmann::json::parse(readFile(desktop.folder("config") / "dwellkey/settings.json"));
+    }
+
+    /// Speaks to the program as launchers do; the arguments in GVariant's notation.
+    ExitStatus callBus(const std::string& method, const std::vector<std::string>& arguments) {
+        std::vector<std::string> command{"gdbus",
+                                         "call",
+                                         "--session",
+                                         "--dest=org.dwellkey.Dwellkey",
+                                         "--object-path=/org/dwellkey/Dwellkey",
+                                         "--method=org.freedesktop.Application." + method};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        return desktop.start(command)->awaitEnd();
+    }
+
+    void awaitBusName() {
+        EXPECT_EQ(
+            desktop.start({"gdbus", "wait", "--session", "org.dwellkey.Dwellkey"})->awaitEnd(),
+            ended);
+    }
+
+    const Environment noBus{{"DBUS_SESSION_BUS_ADDRESS", "disabled:"},
+                            {"DBUS_SYSTEM_BUS_ADDRESS", "disabled:"}};
+    const ExitStatus ended{0, {}};
+};
+
+TEST_P(LifeCycle, startedAgain_opensThePreferencesOfTheFirstAndEnds) {
+    const Probe probe(desktop);
+    Dwellkey first(desktop);
+    first.awaitGuarding();
+    EXPECT_EQ(startAgain()->awaitEnd(), ended);
+    awaitPreferences();
+    EXPECT_TRUE(first.process().isRunning());
+}
+
+TEST_P(LifeCycle, startedAgainWithoutASessionBus_opensThePreferencesOfTheFirst) {
+    const Probe probe(desktop);
+    Dwellkey first(desktop, {}, noBus);
+    first.awaitGuarding();
+    EXPECT_EQ(startAgain(noBus)->awaitEnd(), ended);
+    awaitPreferences();
+}
+
+TEST_P(LifeCycle, activatedByALauncher_opensThePreferences) {
+    const Probe probe(desktop);
+    const Dwellkey first(desktop);
+    first.awaitGuarding();
+    awaitBusName();
+    EXPECT_EQ(callBus("ActivateAction", {"none", "[]", "{}"}), (ExitStatus{1, {}}));
+    EXPECT_FALSE(arePreferencesOpen());
+    EXPECT_EQ(callBus("Activate", {"{}"}), ended);
+    awaitPreferences();
+}
+
+TEST_P(LifeCycle, firstHangs_secondEndsItAndGuardsWithTheSettingsOfTheFirst) {
+    Probe probe(desktop);
+    Dwellkey first(desktop, {.delay = 0.4});
+    first.awaitGuarding();
+    first.process().signal(SIGSTOP);
+    const auto second = startAgain();
+    first.process().awaitEnd();
+    awaitPreferences();
+    screen.activate(probe.window());
+    awaitKeysTaken();
+    EXPECT_TRUE(second->isRunning());
+    EXPECT_EQ(storedSettings().at("delayUntilActivation"), 0.4);
+    const TimePoint down = beginHold();
+    EXPECT_EQ(probe.process().awaitEnd(), ended);
+    EXPECT_GE(Clock::now() - down, Milliseconds(400));
+}
+
+TEST_P(LifeCycle, firstWasKilled_nextOneGuards) {
+    Probe probe(desktop);
+    {
+        Dwellkey first(desktop);
+        first.awaitGuarding();
+        first.process().signal(SIGKILL);
+        first.process().awaitEnd();
+    }
+    const Dwellkey second(desktop);
+    second.awaitGuarding();
+    holdToTheEnd();
+    EXPECT_EQ(probe.process().awaitEnd(), ended);
+    EXPECT_FALSE(arePreferencesOpen());
+}
+
+TEST_P(LifeCycle, severalStartedAtOnce_exactlyOneStays) {
+    const Probe probe(desktop);
+    std::array<std::unique_ptr<ChildProcess>, 5> starts;
+    std::ranges::generate(starts, [&] { return startAgain(); });
+    const auto running = [&] {
+        return std::ranges::count_if(starts, [](const auto& start) { return start->isRunning(); });
+    };
+    await("all but one to end", [&] { return running() == 1; });
+    for (const auto& start : starts) {
+        EXPECT_TRUE(start->isRunning() || start->awaitEnd() == ended) << start->log();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, LifeCycle, testing::Values(WindowManagerKind::openbox),
+                         parameterName);
+
+} // namespace dwellkey::e2e
