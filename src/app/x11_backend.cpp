@@ -7,6 +7,7 @@
 #include "platform/linux/desktop_entry_index.h"
 #include "platform/linux/environment.h"
 #include "platform/linux/json_user_defaults.h"
+#include "platform/linux/linux_application_catalog.h"
 #include "platform/linux/linux_bundle_reader.h"
 #include "platform/linux/message_bus.h"
 #include "platform/linux/process_facts.h"
@@ -64,7 +65,8 @@ struct LinuxServices {
                       splitList(environment("XDG_CURRENT_DESKTOP").value_or(""), ':')),
           identifier(entries, fileManager, processes),
           bundleReader(entries, ResourceFiles(ResourceFiles::defaultFolders())),
-          loginItem(AutostartPlaces::from(environment), localizer) {}
+          loginItem(AutostartPlaces::from(environment), runLoop, localizer),
+          applicationCatalog(entries, localizer) {}
 
     Environment environment = processEnvironment();
     BaseFolders folders = BaseFolders::from(environment);
@@ -75,6 +77,7 @@ struct LinuxServices {
     ApplicationIdentifier identifier;
     LinuxBundleReader bundleReader;
     AutostartLoginItem loginItem;
+    LinuxApplicationCatalog applicationCatalog;
 };
 
 class X11Backend final : public Backend {
@@ -107,7 +110,8 @@ public:
                                            windowHost_,
                                            panelSupport_,
                                            localizer_,
-                                           keyCapture_},
+                                           keyCapture_,
+                                           linux_.applicationCatalog},
           lost_(connection_->lost.subscribe(
               [this] { lost.emit("the connection to the X server broke"); })),
           didLock_(sessionLock_.didLock.subscribe([this] {

@@ -2,6 +2,7 @@
 // The seam: everything that the models ask of a desktop, in one value. std only.
 #pragma once
 
+#include "platform/application_catalog.h"
 #include "platform/bundle_reader.h"
 #include "platform/hot_keys.h"
 #include "platform/key_capture.h"
@@ -36,6 +37,7 @@ struct Platform {
     PanelSupport& panelSupport;
     Localizer& localizer;
     KeyCapture& keyCapture;
+    ApplicationCatalog& applicationCatalog;
 
     /// The process's platform; one must have been installed.
     static Platform& shared();

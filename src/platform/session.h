@@ -2,6 +2,9 @@
 // Services of the user's session: login item, permission, scripts, log. std only.
 #pragma once
 
+#include "support/signal.h"
+
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,6 +31,9 @@ public:
     virtual std::optional<Error> registerItem() = 0;
     virtual std::optional<Error> unregisterItem() = 0;
     [[nodiscard]] virtual LoginItemStatus status() const = 0;
+
+    /// Runs `changed` when the status may have changed, by us or with the desktop's own tools.
+    [[nodiscard]] virtual Subscription observe(std::function<void()> changed) = 0;
 };
 
 /// Whether this session lets us close the windows of other programs.

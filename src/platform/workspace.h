@@ -56,7 +56,10 @@ public:
     /// conversation with the display.
     [[nodiscard]] virtual std::shared_ptr<RunningApplication> frontmostApplication() const = 0;
 
-    /// Those with windows, in the order in which their windows appeared.
+    /// Those with windows, in the order in which their windows appeared: all, or the instances of
+    /// one application.
+    [[nodiscard]] virtual std::vector<std::shared_ptr<RunningApplication>>
+    runningApplications() const = 0;
     [[nodiscard]] virtual std::vector<std::shared_ptr<RunningApplication>>
     runningApplications(std::string_view bundleIdentifier) const = 0;
 

@@ -2,6 +2,7 @@
 // One of every fake, as a platform. std only.
 #pragma once
 
+#include "platform/fake/fake_application_catalog.h"
 #include "platform/fake/fake_bundle_reader.h"
 #include "platform/fake/fake_hot_keys.h"
 #include "platform/fake/fake_key_capture.h"
@@ -39,6 +40,7 @@ public:
     FakePanelSupport panelSupport;
     FakeLocalizer localizer;
     FakeKeyCapture keyCapture;
+    FakeApplicationCatalog applicationCatalog;
 
     [[nodiscard]] Platform& platform() { return platform_; }
 
@@ -47,7 +49,7 @@ private:
                        bundleReader, loginItem, accessibilityTrust, scriptHost,
                        alerts,       hotKeys,   keyboardLayout,     systemShortcuts,
                        menuTracking, beeper,    errorLog,           windowHost,
-                       panelSupport, localizer, keyCapture};
+                       panelSupport, localizer, keyCapture,         applicationCatalog};
 };
 
 } // namespace dwellkey

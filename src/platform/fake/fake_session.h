@@ -30,7 +30,11 @@ public:
         return unregisterError;
     }
     [[nodiscard]] LoginItemStatus status() const override { return currentStatus; }
+    [[nodiscard]] Subscription observe(std::function<void()> changed) override {
+        return didChange.subscribe(std::move(changed));
+    }
 
+    Signal<> didChange;
     LoginItemStatus currentStatus = LoginItemStatus::notRegistered;
     LoginItemStatus statusAfterRegister = LoginItemStatus::enabled;
     std::optional<Error> registerError;

@@ -51,6 +51,10 @@ public:
         return frontmost_;
     }
     [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
+    runningApplications() const override {
+        return {running_.begin(), running_.end()};
+    }
+    [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
     runningApplications(std::string_view bundleIdentifier) const override;
     [[nodiscard]] Image icon(const std::string& path) const override;
     bool openUrl(std::string_view address) override;

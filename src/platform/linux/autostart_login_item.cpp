@@ -2,6 +2,7 @@
 #include "platform/linux/autostart_login_item.h"
 
 #include "platform/linux/atomic_file.h"
+#include "platform/linux/folder_watch.h"
 #include "platform/linux/key_file.h"
 #include "platform/linux/text_file.h"
 
@@ -9,6 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <memory>
 #include <string_view>
 #include <unistd.h>
 #include <utility>
@@ -183,6 +185,33 @@ LoginItemStatus AutostartLoginItem::status() const {
         return LoginItemStatus::requiresApproval;
     }
     return rules.hasCommand ? LoginItemStatus::enabled : LoginItemStatus::notRegistered;
+}
+
+Subscription AutostartLoginItem::observe(std::function<void()> changed) {
+    class Observation {
+    public:
+        Observation(std::string folder, RunLoop& runLoop, std::function<void()> told)
+            : folder_(std::move(folder)), changed_(std::move(told)), watch_(runLoop, [this] {
+                  arm();
+                  changed_();
+              }) {
+            arm();
+        }
+
+    private:
+        void arm() {
+            watch_.arm();
+            watch_.add(folder_, [](std::string_view name, bool) { return name == entryName; });
+        }
+
+        std::string folder_;
+        std::function<void()> changed_;
+        FolderWatch watch_;
+    };
+    return Subscription([observation = std::make_shared<Observation>(
+                             places_.autostartFolder, runLoop_, std::move(changed))]() mutable {
+        observation.reset();
+    });
 }
 
 std::string AutostartLoginItem::entryPath() const {

@@ -4,6 +4,7 @@
 
 #include "platform/linux/environment.h"
 #include "platform/localization.h"
+#include "platform/run_loop.h"
 #include "platform/session.h"
 
 #include <optional>
@@ -29,15 +30,17 @@ struct AutostartPlaces {
 ///   notFound          our desktop entry is not installed
 class AutostartLoginItem final : public LoginItem {
 public:
-    /// The localizer must outlive the item.
-    AutostartLoginItem(AutostartPlaces places, const Localizer& localizer)
-        : places_(std::move(places)), localizer_(localizer) {}
+    /// The loop and the localizer must outlive the item.
+    AutostartLoginItem(AutostartPlaces places, RunLoop& runLoop, const Localizer& localizer)
+        : places_(std::move(places)), runLoop_(runLoop), localizer_(localizer) {}
 
     /// Leaves an enabled entry as it is: the user may have added to it.
     std::optional<Error> registerItem() override;
     /// No error when there is nothing to remove.
     std::optional<Error> unregisterItem() override;
     [[nodiscard]] LoginItemStatus status() const override;
+    /// Watches the folder as long as the subscription lives.
+    [[nodiscard]] Subscription observe(std::function<void()> changed) override;
 
 private:
     [[nodiscard]] std::string entryPath() const;
@@ -45,6 +48,7 @@ private:
     [[nodiscard]] std::optional<Error> writeEntry(const std::string& installed) const;
 
     AutostartPlaces places_;
+    RunLoop& runLoop_;
     const Localizer& localizer_;
 };
 

@@ -59,12 +59,15 @@ std::optional<std::string> LinuxBundleReader::infoString(std::string_view key) c
 }
 
 Image LinuxBundleReader::icon(const std::string& path) const {
-    auto entry = entryAt(path);
-    if (!entry || !entry->icon) {
+    const auto entry = entryAt(path);
+    return entry ? icon(*entry) : Image{std::string(genericIcon)};
+}
+
+Image LinuxBundleReader::icon(const DesktopEntry& entry) {
+    if (!entry.icon) {
         return {std::string(genericIcon)};
     }
-    const bool isFile = entry->icon->starts_with('/');
-    return {isFile ? std::move(*entry->icon) : themeName(std::move(*entry->icon))};
+    return {entry.icon->starts_with('/') ? *entry.icon : themeName(*entry.icon)};
 }
 
 std::optional<DesktopEntry> LinuxBundleReader::entryAt(const std::string& path) const {

@@ -32,6 +32,7 @@ public:
 
     /// The icon that the desktop entry at this path states, or the one of any program.
     [[nodiscard]] Image icon(const std::string& path) const;
+    [[nodiscard]] static Image icon(const DesktopEntry& entry);
 
 private:
     /// Absent for a file that is no usable desktop entry of an application.

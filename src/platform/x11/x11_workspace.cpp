@@ -69,13 +69,21 @@ X11Workspace::X11Workspace(X11Connection& connection, const ApplicationIdentifie
 
 std::vector<std::shared_ptr<RunningApplication>>
 X11Workspace::runningApplications(std::string_view bundleIdentifier) const {
+    auto found = runningApplications();
+    std::erase_if(found, [&](const auto& application) {
+        return application->bundleIdentifier() != bundleIdentifier;
+    });
+    return found;
+}
+
+std::vector<std::shared_ptr<RunningApplication>> X11Workspace::runningApplications() const {
     std::vector<std::shared_ptr<X11RunningApplication>> found;
     for (X11Window& window : windows_.describe(windows_.clientWindows())) {
         auto application = applicationOf(std::move(window));
         const bool isKnown = application && std::ranges::any_of(found, [&](const auto& other) {
                                  return other->isSameApplication(*application);
                              });
-        if (application && application->bundleIdentifier() == bundleIdentifier && !isKnown) {
+        if (application && !isKnown) {
             found.push_back(std::move(application));
         }
     }
@@ -85,12 +93,15 @@ X11Workspace::runningApplications(std::string_view bundleIdentifier) const {
 void X11Workspace::activateOurselves() {
     // Of our own windows the one that was mapped last: the one that was just asked for.
     const auto own = windows_.describe(windows_.clientWindows());
-    const auto last = std::find_if(own.rbegin(), own.rend(), [](const X11Window& window) {
-        return window.process == getpid() && !window.isDesktop && !window.isDock;
-    });
+    const auto last = std::find_if(own.rbegin(), own.rend(), isOurs);
     if (last != own.rend()) {
         windows_.requestActivation(last->id);
     }
+    activatesOurNextWindow_ = true; // one that was asked for just now is not managed yet
+}
+
+bool X11Workspace::isOurs(const X11Window& window) {
+    return window.process == getpid() && !window.isDesktop && !window.isDock;
 }
 
 std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view applicationName) {
@@ -201,6 +212,10 @@ void X11Workspace::followClientWindows() {
     }
     for (const X11Window& window : windows_.describe(unknown)) {
         clients.emplace(window.id, window.isDesktop ? window.process : std::nullopt);
+        if (activatesOurNextWindow_ && isOurs(window)) {
+            activatesOurNextWindow_ = false;
+            windows_.requestActivation(window.id);
+        }
     }
     const bool isActiveWindowGone =
         clients_.contains(activeWindow_) && !clients.contains(activeWindow_);

@@ -62,6 +62,8 @@ public:
         return frontmost_;
     }
     [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
+    runningApplications() const override;
+    [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
     runningApplications(std::string_view bundleIdentifier) const override;
     [[nodiscard]] Image icon(const std::string& path) const override {
         return services_.icon(path);
@@ -86,6 +88,7 @@ private:
     void followActiveWindow();
     void setActiveWindow(xcb_window_t window);
     void followClientWindows();
+    [[nodiscard]] static bool isOurs(const X11Window& window);
     [[nodiscard]] std::shared_ptr<X11RunningApplication> applicationOf(X11Window window) const;
 
     X11Connection& connection_;
@@ -96,6 +99,7 @@ private:
     xcb_window_t windowManager_ = XCB_WINDOW_NONE;
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;
     std::shared_ptr<X11RunningApplication> frontmost_;
+    bool activatesOurNextWindow_ = false;
     std::map<xcb_window_t, std::optional<pid_t>> clients_; // with the process of desktop windows
     Subscription events_;
 };

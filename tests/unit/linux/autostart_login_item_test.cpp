@@ -2,6 +2,7 @@
 #include "platform/linux/autostart_login_item.h"
 
 #include "platform/fake/fake_localizer.h"
+#include "poll_run_loop.h"
 #include "scratch_folder.h"
 
 #include <filesystem>
@@ -29,11 +30,13 @@ protected:
 
     testing::ScratchFolder folder;
     std::string entry = folder / "config/autostart/org.dwellkey.Dwellkey.desktop";
+    testing::PollRunLoop loop;
     FakeLocalizer localizer;
     mutable AutostartLoginItem item{
         {.autostartFolder = folder / "config/autostart",
          .applicationFolders = {folder / "home/applications", folder / "share/applications"},
          .currentDesktops = {"ubuntu", "GNOME"}},
+        loop,
         localizer};
 };
 
@@ -93,6 +96,22 @@ TEST_F(AutostartLoginItemTest, registerItem_cannotWriteOrRemove_saysWhy) {
     error = item.unregisterItem();
     ASSERT_TRUE(error.has_value());
     EXPECT_THAT(error->localizedDescription, HasSubstr("cannot be removed: "));
+}
+
+TEST_F(AutostartLoginItemTest, observe_entryMadeChangedOrRemovedByOthers_isToldEachTime) {
+    int changes = 0;
+    Subscription subscription = item.observe([&] { ++changes; });
+    const auto toldAfter = [&](const std::function<void()>& change) {
+        const int before = changes;
+        change();
+        return loop.runUntil([&] { return changes > before; });
+    };
+    const auto entryFile = std::filesystem::path(entry);
+    EXPECT_TRUE(toldAfter([&] { testing::writeFile(entry, "[Desktop Entry]\n"); }));
+    EXPECT_TRUE(toldAfter([&] { testing::writeFile(entry, "[Desktop Entry]\nHidden=true\n"); }));
+    EXPECT_TRUE(toldAfter([&] { std::filesystem::remove(entryFile); }));
+    subscription.cancel();
+    EXPECT_EQ(loop.watchCount(), 0U);
 }
 
 TEST_F(AutostartLoginItemTest, from_environment_namesTheUsersFolders) {
