@@ -118,8 +118,6 @@ public:
     [[nodiscard]] static bool isReservedBySystem(Key key, const Modifiers& modifiers,
                                                  Platform& platform = Platform::shared());
 
-    [[nodiscard]] KeyCommandRegistry& registry() const { return *registry_; }
-
     /// The state behind the name; made on first use. Valid as long as the registry.
     [[nodiscard]] KeyCommandProxy& proxy() const;
 

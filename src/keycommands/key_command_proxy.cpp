@@ -96,10 +96,7 @@ void KeyCommandProxy::registerHotKey() {
     const auto registration = platform_.hotKeys.registerHotKey(
         static_cast<std::uint32_t>(rawValue(*key_)), hotKeyMask(modifiers_), identifier_);
     if (registration.status != noErr) {
-        if (std::exchange(registrationFailure_, registration.status) != registration.status) {
-            logStatus(platform_.errorLog, registration.status, "Key command registration failed.");
-            registrationDidFail_.emit();
-        }
+        registrationFailed(registration.status);
         return;
     }
     registrationFailure_.reset();
@@ -107,6 +104,15 @@ void KeyCommandProxy::registerHotKey() {
     store();
     isRegistered_ = true;
     registrationStateDidChange_.emit();
+}
+
+void KeyCommandProxy::registrationFailed(OSStatus status) {
+    const RegistrationFailure failure{status, registry_.registered(*key_, modifiers_) != nullptr};
+    if (registrationFailure_ != failure) {
+        registrationFailure_ = failure;
+        logStatus(platform_.errorLog, status, "Key command registration failed.");
+        registrationDidFail_.emit();
+    }
 }
 
 void KeyCommandProxy::store() {

@@ -42,9 +42,14 @@ public:
 
     [[nodiscard]] bool isRegistered() const { return isRegistered_; }
 
+    struct RegistrationFailure {
+        OSStatus status = noErr;
+        bool isHeldByAnotherCommand = false; // of the registry
+        bool operator==(const RegistrationFailure&) const = default;
+    };
     /// Why the present combination could not be registered, when it was tried last; absent when it
     /// was not tried, or could be.
-    [[nodiscard]] std::optional<OSStatus> registrationFailure() const {
+    [[nodiscard]] const std::optional<RegistrationFailure>& registrationFailure() const {
         return registrationFailure_;
     }
 
@@ -82,6 +87,7 @@ private:
     void keyOrModifiersChanged();
     void takeOverStoredEntry();
     void takeOver(std::optional<Key> key, Modifiers modifiers);
+    void registrationFailed(OSStatus status);
     void store();
     void fire(const KeyCommand::EventType& event);
     void forgetRemovedObservations();
@@ -108,7 +114,7 @@ private:
     Subscription menuDidBegin_;
     Subscription menuDidEnd_;
     /// Logged once: each start registers a command once for each of its observers.
-    std::optional<OSStatus> registrationFailure_;
+    std::optional<RegistrationFailure> registrationFailure_;
     OncePerTurn registerOnce_;
     Subscription editsFromOutside_;
 };

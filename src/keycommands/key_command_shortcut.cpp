@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "keycommands/key_command_shortcut.h"
 
-#include "keycommands/key_command_registry.h"
-
 #include <memory>
 #include <utility>
 
@@ -12,17 +10,14 @@ KeyCommandShortcut::KeyCommandShortcut(KeyCommand keyCommand)
     : keyCommand_(std::move(keyCommand)), proxy_(keyCommand_.proxy()) {}
 
 std::optional<RegistrationFailure> KeyCommandShortcut::registrationFailure() const {
-    const auto status = proxy_.registrationFailure();
-    if (!status || !proxy_.key()) {
+    const auto& failure = proxy_.registrationFailure();
+    if (!failure) {
         return std::nullopt;
     }
-    switch (*status) {
-    case eventHotKeyExistsErr: {
-        const bool isOurs =
-            keyCommand_.registry().registered(*proxy_.key(), proxy_.modifiers()) != nullptr;
-        return isOurs ? RegistrationFailure::takenByAnotherCommand
-                      : RegistrationFailure::takenByAnotherProgram;
-    }
+    switch (failure->status) {
+    case eventHotKeyExistsErr:
+        return failure->isHeldByAnotherCommand ? RegistrationFailure::takenByAnotherCommand
+                                               : RegistrationFailure::takenByAnotherProgram;
     case eventHotKeyInvalidErr:
         return RegistrationFailure::notOnThisKeyboard;
     default:

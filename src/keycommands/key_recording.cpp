@@ -3,7 +3,6 @@
 
 #include "keycommands/key_names.h"
 
-#include <chrono>
 #include <utility>
 
 namespace dwellkey {
@@ -17,6 +16,9 @@ constexpr auto recordingPatience = 30s;
 
 // A key that is down repeats itself more often than that, or not at all.
 constexpr auto releasePatience = 1s;
+
+// A repeat begins with a release that cannot always be told from the real one.
+constexpr auto repeatPatience = 50ms;
 
 std::string typeShortcut(const Localizer& localizer) {
     return localizer.localized("KeyRecorder", "Type shortcut");
@@ -139,7 +141,7 @@ void KeyRecording::keyDown(const KeyStroke& stroke) {
     if (!watchesKeys()) {
         return;
     }
-    waitForKeys();
+    waitForKeys(state_ == RecordingState::recording ? recordingPatience : releasePatience);
     if (stroke.isRepeat || state_ == RecordingState::idle) {
         return;
     }
@@ -159,8 +161,7 @@ void KeyRecording::keyDown(const KeyStroke& stroke) {
 
 void KeyRecording::keyUp(const KeyStroke& stroke) {
     if (recordedKeyDown_ && stroke.keyCode == recordedKeyDown_ && !stroke.isRepeat) {
-        endCapture();
-        didChange.emit();
+        waitForKeys(repeatPatience);
     }
 }
 
@@ -203,7 +204,7 @@ void KeyRecording::record(Key key, Modifiers modifiers) {
     failureReason_ = {};
     recordedKeyDown_ = static_cast<std::uint32_t>(rawValue(key));
     setState(RecordingState::idle);
-    waitForKeys();
+    waitForKeys(releasePatience);
 }
 
 void KeyRecording::refuse(const Refusal& refusal) {
@@ -248,7 +249,7 @@ void KeyRecording::explain(const FailureReason& reason) {
 void KeyRecording::beginCapture() {
     recordedKeyDown_.reset();
     platform_.keyCapture.begin(window_);
-    waitForKeys();
+    waitForKeys(recordingPatience);
 }
 
 void KeyRecording::endCapture() {
@@ -257,10 +258,7 @@ void KeyRecording::endCapture() {
     platform_.keyCapture.end();
 }
 
-void KeyRecording::waitForKeys() {
-    const std::chrono::nanoseconds patience = state_ == RecordingState::recording
-                                                  ? std::chrono::nanoseconds(recordingPatience)
-                                                  : std::chrono::nanoseconds(releasePatience);
+void KeyRecording::waitForKeys(std::chrono::nanoseconds patience) {
     patience_ = platform_.runLoop.repeat(patience, [this] { interrupt(); });
 }
 

@@ -7,6 +7,7 @@
 #include "keycommands/recording_refusal.h"
 #include "platform/platform.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -82,7 +83,7 @@ private:
     void explain(const FailureReason& reason);
     void beginCapture();
     void endCapture();
-    void waitForKeys();
+    void waitForKeys(std::chrono::nanoseconds patience);
 
     Platform& platform_;
     std::unique_ptr<RecordableShortcut> shortcut_;

@@ -138,10 +138,30 @@ TEST_F(KeyRecorderTest, whileRecording_everyKeyOfTheApplicationIsTheRecorders) {
     EXPECT_EQ(platform.beeper.beepCount, 2) << "modifiers alone are no keys";
     type(Qt::Key_X, Qt::MetaModifier | Qt::AltModifier | Qt::ShiftModifier, Key::x);
     EXPECT_EQ(shortcut.text(), QStringLiteral("⌃⌥⇧x"));
+    platform.runLoop.advance(std::chrono::milliseconds(50));
     field.setFocus();
     QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
     QApplication::sendEvent(window.windowHandle(), &key);
     EXPECT_EQ(field.text(), QStringLiteral("a")) << "given back";
+}
+
+TEST_F(KeyRecorderTest, repeatThatTheToolkitMisses_isNoFurtherKey) {
+    shortcut.click();
+    const auto sendAt = [this](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_A, Qt::NoModifier, static_cast<quint32>(rawValue(Key::a)), 0,
+                        0);
+        event.setTimestamp(time);
+        QApplication::sendEvent(window.windowHandle(), &event);
+    };
+    sendAt(QEvent::KeyPress, 1000);
+    for (const quint64 time : {1500U, 1540U, 1580U}) {
+        sendAt(QEvent::KeyRelease, time);
+        sendAt(QEvent::KeyPress, time);
+    }
+    EXPECT_EQ(platform.beeper.beepCount, 1);
+    sendAt(QEvent::KeyRelease, 1600);
+    sendAt(QEvent::KeyPress, 1700);
+    EXPECT_EQ(platform.beeper.beepCount, 2);
 }
 
 TEST_F(KeyRecorderTest, windowThatGoesAway_endsTheRecording) {

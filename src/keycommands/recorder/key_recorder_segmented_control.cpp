@@ -181,13 +181,22 @@ QEvent* KeyRecorderSegmentedControl::handleKey(QEvent* event) {
         return event;
     }
     const KeyStroke stroke{platform_.keyCapture.keyCode(key.nativeScanCode()),
-                           eventFlagsOf(key.modifiers()), key.isAutoRepeat()};
+                           eventFlagsOf(key.modifiers()), isRepeat(key)};
     if (event->type() == QEvent::KeyRelease) {
+        lastRelease_ = {key.nativeScanCode(), key.timestamp()};
         recording_.keyUp(stroke);
         return event;
     }
     recording_.keyDown(stroke);
     return nullptr;
+}
+
+/// A repeat is a release and a press of the same moment. The toolkit only sees that when both have
+/// arrived by the time that it reads the first.
+bool KeyRecorderSegmentedControl::isRepeat(const QKeyEvent& event) const {
+    const Release same{event.nativeScanCode(), event.timestamp()};
+    return event.isAutoRepeat()
+           || (event.type() == QEvent::KeyPress && same.timestamp != 0 && same == lastRelease_);
 }
 
 bool KeyRecorderSegmentedControl::event(QEvent* event) {

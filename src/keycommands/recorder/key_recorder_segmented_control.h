@@ -13,6 +13,7 @@
 #include <optional>
 
 class QHBoxLayout;
+class QKeyEvent;
 
 namespace dwellkey {
 
@@ -57,6 +58,7 @@ private:
     void refreshAccessibility();
     [[nodiscard]] const TemplateImage& image() const;
     QEvent* handleKey(QEvent* event);
+    [[nodiscard]] bool isRepeat(const QKeyEvent& event) const;
 
     Platform& platform_;
     KeyRecording recording_;
@@ -71,6 +73,12 @@ private:
     QHBoxLayout& layout_;
     KeyRecorderSegment& shortcutSegment_;
     KeyRecorderSegment& buttonSegment_;
+    struct Release {
+        quint32 nativeScanCode = 0;
+        quint64 timestamp = 0; // of the display; 0 where it tells none
+        bool operator==(const Release&) const = default;
+    };
+    Release lastRelease_;
     Subscription changes_;
 };
 
