@@ -93,11 +93,15 @@ std::optional<double> splitterShare(BezelStyle style) {
 }
 
 /// Drawn by the wider segment at the edge that it shares with the other one, and by either as a
-/// part of its focus ring.
+/// part of its focus ring; the ring of a push button is its style's affair.
 void paintSplitter(QPainter& painter, const SegmentBezel& bezel) {
     const auto share = splitterShare(bezel.style);
+    QStyleOption option = bezel.option;
+    if (bezel.style == BezelStyle::rounded) {
+        option.state &= ~QStyle::State_HasFocus;
+    }
     const bool isWider = bezel.segment.width() > bezel.control.width() / 2;
-    if (!share || (!isWider && !showsFocus(bezel.option))) {
+    if (!share || (!isWider && !showsFocus(option))) {
         return;
     }
     const bool isAtRight = bezel.segment.right() < bezel.control.right();
@@ -106,7 +110,7 @@ void paintSplitter(QPainter& painter, const SegmentBezel& bezel) {
     const double half = (bezel.control.height() - 2 * inset) * *share / 2;
     const double middle = QRectF(bezel.control).center().y();
     painter.save();
-    painter.setPen(outline(bezel.option));
+    painter.setPen(outline(option));
     painter.drawLine(QLineF(x, middle - half, x, middle + half));
     painter.restore();
 }
