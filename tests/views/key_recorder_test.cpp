@@ -241,7 +241,7 @@ TEST_F(KeyRecorderTest, screenReader_hearsWhatEachSegmentIsForAndShows) {
         return interface->text(QAccessible::Name);
     };
     EXPECT_EQ(spoken(shortcut), QStringLiteral("Ctrl+Q"));
-    view->setAccessibleName(QStringLiteral("Quit App Shortcut"));
+    view->setAccessibleName(QStringLiteral("Quit App Shortcut:"));
     window.hide();
     window.show();
     EXPECT_EQ(spoken(shortcut), QStringLiteral("Quit App Shortcut: Ctrl+Q"));

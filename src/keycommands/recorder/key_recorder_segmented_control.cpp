@@ -116,7 +116,10 @@ void KeyRecorderSegmentedControl::setBezelStyle(BezelStyle style) {
 }
 
 void KeyRecorderSegmentedControl::setPurpose(const QString& purpose) {
-    purpose_ = purpose;
+    purpose_ = purpose.trimmed();
+    if (purpose_.endsWith(QLatin1Char(':'))) {
+        purpose_.chop(1); // it is the label of a form
+    }
     refreshAccessibility();
 }
 
