@@ -11,7 +11,9 @@ constexpr int statusLost = 1;
 } // namespace
 
 DwellkeyApp::DwellkeyApp(Backend& backend)
-    : backend_(backend), appDelegate_(backend.platform()), timerManager_(TimerManager::shared()),
+    : backend_(backend), appDelegate_(backend.platform()),
+      menuBar_(backend.platform(), PreferencesViewModel::shared(), [this] { backend_.quit(0); }),
+      timerManager_(TimerManager::shared()),
       followTimerViewOnce_(backend.platform().runLoop, [this] { followTimerView(); }),
       timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
@@ -29,11 +31,13 @@ DwellkeyApp::~DwellkeyApp() = default;
 
 int DwellkeyApp::run() {
     backend_.platform().runLoop.post([this] {
+        menuBar_.appear();
         appDelegate_.didFinishLaunching();
         timerView().prepare(); // so that the first hold shows as fast as all others
         didFinishLaunching.emit();
     });
     const int status = backend_.run();
+    menuBar_.disappear();
     appDelegate_.willTerminate();
     return status;
 }

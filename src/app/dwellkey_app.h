@@ -3,6 +3,7 @@
 
 #include "app/app_delegate.h"
 #include "app/backend.h"
+#include "app/menu_bar_scene.h"
 #include "hold/panel/timer_view.h"
 #include "hold/timer_manager.h"
 #include "platform/once_per_turn.h"
@@ -38,6 +39,7 @@ private:
 
     Backend& backend_;
     AppDelegate appDelegate_;
+    MenuBarScene menuBar_;
     TimerManager& timerManager_;
     std::unique_ptr<TimerView> timerView_;
     bool wasTimerViewVisible_ = false;

@@ -18,6 +18,7 @@
 #include "platform/qt/qt_application_actions.h"
 #include "platform/qt/qt_key_capture.h"
 #include "platform/qt/qt_localizer.h"
+#include "platform/qt/qt_menu_bar_extra.h"
 #include "platform/qt/qt_menu_tracking.h"
 #include "platform/qt/qt_run_loop.h"
 #include "platform/qt/qt_session_lock.h"
@@ -92,6 +93,10 @@ public:
           scriptHost_(workspace_), hotKeys_(*connection_, runLoop_, errorLog),
           keyboardLayout_(*connection_), panelSupport_(*connection_),
           systemShortcuts_(linux_.environment, keyboardLayout_, errorLog),
+          menuBarExtra_(findTemplateIcon(QStringLiteral("org.dwellkey.Dwellkey-symbolic"),
+                                         ResourceFiles::defaultFolders()),
+                        splitList(linux_.environment("XDG_CURRENT_DESKTOP").value_or(""), ':'),
+                        errorLog),
           windowHost_(errorLog), platform_{runLoop_,
                                            runLoop_,
                                            linux_.userDefaults,
@@ -111,7 +116,8 @@ public:
                                            panelSupport_,
                                            localizer_,
                                            keyCapture_,
-                                           linux_.applicationCatalog},
+                                           linux_.applicationCatalog,
+                                           menuBarExtra_},
           lost_(connection_->lost.subscribe(
               [this] { lost.emit("the connection to the X server broke"); })),
           didLock_(sessionLock_.didLock.subscribe([this] {
@@ -121,6 +127,7 @@ public:
         connection_->attach(runLoop_);
         runLoop_.post([this, &errorLog] { // after the hot keys are live
             sessionLock_.start();
+            menuBarExtra_.start();
             watchInstalledApplications(errorLog);
         });
     }
@@ -166,6 +173,7 @@ private:
     QtKeyCapture keyCapture_;
     LinuxSystemShortcuts systemShortcuts_;
     QtSessionLock sessionLock_;
+    QtMenuBarExtra menuBarExtra_;
     QtWindowHost windowHost_;
     Platform platform_;
     Subscription lost_;

@@ -8,6 +8,7 @@
 #include "platform/key_capture.h"
 #include "platform/keyboard.h"
 #include "platform/localization.h"
+#include "platform/menu_bar_extra.h"
 #include "platform/run_loop.h"
 #include "platform/session.h"
 #include "platform/user_defaults.h"
@@ -38,6 +39,7 @@ struct Platform {
     Localizer& localizer;
     KeyCapture& keyCapture;
     ApplicationCatalog& applicationCatalog;
+    MenuBarExtra& menuBarExtra;
 
     /// The process's platform; one must have been installed.
     static Platform& shared();

@@ -8,6 +8,7 @@
 #include "platform/fake/fake_key_capture.h"
 #include "platform/fake/fake_keyboard.h"
 #include "platform/fake/fake_localizer.h"
+#include "platform/fake/fake_menu_bar_extra.h"
 #include "platform/fake/fake_run_loop.h"
 #include "platform/fake/fake_session.h"
 #include "platform/fake/fake_user_defaults.h"
@@ -41,6 +42,7 @@ public:
     FakeLocalizer localizer;
     FakeKeyCapture keyCapture;
     FakeApplicationCatalog applicationCatalog;
+    FakeMenuBarExtra menuBarExtra;
 
     [[nodiscard]] Platform& platform() { return platform_; }
 
@@ -49,7 +51,8 @@ private:
                        bundleReader, loginItem, accessibilityTrust, scriptHost,
                        alerts,       hotKeys,   keyboardLayout,     systemShortcuts,
                        menuTracking, beeper,    errorLog,           windowHost,
-                       panelSupport, localizer, keyCapture,         applicationCatalog};
+                       panelSupport, localizer, keyCapture,         applicationCatalog,
+                       menuBarExtra};
 };
 
 } // namespace dwellkey
