@@ -48,7 +48,9 @@ void DwellkeyApp::reopen() {
 }
 
 void DwellkeyApp::declareWindows() {
-    backend_.windowHost().declare("TimerView", [this] { timerView().open(); });
+    QtWindowHost& host = backend_.windowHost();
+    host.declare("PreferencesView", [this] { preferencesView().open(); });
+    host.declare("TimerView", [this] { timerView().open(); });
 }
 
 TimerView& DwellkeyApp::timerView() {
@@ -58,6 +60,17 @@ TimerView& DwellkeyApp::timerView() {
             std::make_unique<TimerView>(timerManager_, platform.runLoop, platform.panelSupport);
     }
     return *timerView_;
+}
+
+PreferencesView& DwellkeyApp::preferencesView() {
+    if (!preferencesView_) {
+        preferencesView_ = std::make_unique<PreferencesView>(
+            PreferencesView::Models{PreferencesViewModel::shared(),
+                                    KeyboardShortcutsModel::shared(), AlertManager::shared(),
+                                    PreferencesNavigation::shared()},
+            backend_.platform());
+    }
+    return *preferencesView_;
 }
 
 /// Opens the panel when the flag turned true. Turning false is the panel's own affair.

@@ -8,6 +8,7 @@
 #include "hold/timer_manager.h"
 #include "platform/once_per_turn.h"
 #include "settings/preferences_view_model.h"
+#include "views/preferences/preferences_view.h"
 
 #include <memory>
 
@@ -35,6 +36,7 @@ public:
 private:
     void declareWindows();
     TimerView& timerView();
+    PreferencesView& preferencesView();
     void followTimerView();
 
     Backend& backend_;
@@ -42,6 +44,7 @@ private:
     MenuBarScene menuBar_;
     TimerManager& timerManager_;
     std::unique_ptr<TimerView> timerView_;
+    std::unique_ptr<PreferencesView> preferencesView_; // each made when it is first opened
     bool wasTimerViewVisible_ = false;
     OncePerTurn followTimerViewOnce_;
     Subscription timerViewChanges_;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "views/common/icons.h"
 
+#include <QApplication>
 #include <QFileInfo>
+#include <QStyle>
 
 namespace dwellkey {
 
@@ -14,7 +16,8 @@ QIcon loadIcon(const Image& image) {
     } else if (QIcon icon = QIcon::fromTheme(name); !icon.isNull()) {
         return icon;
     }
-    return QIcon::fromTheme(QStringLiteral("application-x-executable"));
+    return QIcon::fromTheme(QStringLiteral("application-x-executable"),
+                            QApplication::style()->standardIcon(QStyle::SP_FileIcon));
 }
 
 } // namespace dwellkey
