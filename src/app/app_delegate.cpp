@@ -4,12 +4,14 @@
 namespace dwellkey {
 
 AppDelegate::AppDelegate(Platform& platform)
-    : platform_(platform), appStateManager_(AppStateManager::shared()),
-      preferencesViewModel_(platform), keyboardShortcutsModel_(KeyboardShortcutsModel::shared()) {}
+    : platform_(platform), prefsWindowController_(platform), aboutWindowController_(platform),
+      appStateManager_(AppStateManager::shared()), preferencesViewModel_(platform),
+      keyboardShortcutsModel_(KeyboardShortcutsModel::shared()) {}
 
 AppDelegate::AppDelegate(Platform& platform, AppStateManager& appStateManager,
                          KeyboardShortcutsModel& keyboardShortcutsModel)
-    : platform_(platform), appStateManager_(appStateManager), preferencesViewModel_(platform),
+    : platform_(platform), prefsWindowController_(platform), aboutWindowController_(platform),
+      appStateManager_(appStateManager), preferencesViewModel_(platform),
       keyboardShortcutsModel_(keyboardShortcutsModel) {}
 
 void AppDelegate::didFinishLaunching() {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "app/state/app_state_manager.h"
+#include "binder/windows/about_window_controller.h"
+#include "binder/windows/preferences_window_controller.h"
 #include "hold/keyboard_shortcuts_model.h"
 #include "platform/platform.h"
 #include "settings/preferences_view_model.h"
@@ -32,6 +34,9 @@ private:
     void handleLaunch();
 
     Platform& platform_;
+    // Of the shortcut-binder path: made and kept, never shown, so never loaded.
+    PreferencesWindowController prefsWindowController_;
+    AboutWindowController aboutWindowController_;
     AppStateManager& appStateManager_;
     PreferencesViewModel preferencesViewModel_; // its own copy, over the same store
     KeyboardShortcutsModel& keyboardShortcutsModel_;

@@ -3,13 +3,10 @@
 
 #include "hold/timer_manager.h"
 #include "platform/once_per_turn.h"
+#include "platform/qt/qt_panel_window.h"
 #include "platform/run_loop.h"
 #include "platform/windows.h"
 #include "support/signal.h"
-
-#include <QPoint>
-#include <QWidget>
-#include <optional>
 
 class QLabel;
 
@@ -17,10 +14,9 @@ namespace dwellkey {
 
 class TimerProgressBar;
 
-/// The hold panel: a title above a filling bar, in a window of its own that takes neither the
-/// focus nor a place in the window manager's lists. It mirrors the hold timer manager and decides
+/// The hold panel: a title above a filling bar. It mirrors the hold timer manager and decides
 /// nothing.
-class TimerView final : public QWidget {
+class TimerView final : public QtPanelWindow {
 public:
     TimerView(TimerManager& timerManager, RunLoop& runLoop, PanelSupport& support);
     ~TimerView() override;
@@ -32,26 +28,17 @@ public:
     void open();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    void fitToContent() override;
     void changeEvent(QEvent* event) override;
 
 private:
     void refresh();
     void setUpWindow();
-    void useBackdrop(bool composited);
-    void fitToTitle();
-    void centre();
 
     TimerManager& timerManager_;
-    PanelSupport& support_;
     QLabel* title_;
     TimerProgressBar* bar_;
     bool didSetupWindow_ = false;
-    std::optional<bool> composited_; // absent until the native window exists
-    std::optional<QPoint> dragOffset_;
     OncePerTurn refreshOnce_;
     Subscription changes_;
 };

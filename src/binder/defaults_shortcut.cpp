@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "binder/defaults_shortcut.h"
+
+#include <utility>
+#include <variant>
+
+namespace dwellkey {
+
+DefaultsShortcut::DefaultsShortcut(UserDefaults& userDefaults, std::string defaultsKey,
+                                   ShortcutBinder* binder)
+    : userDefaults_(userDefaults), defaultsKey_(std::move(defaultsKey)), binder_(binder),
+      storeChange_(
+          userDefaults.observe(defaultsKey_, [this](DefaultsChange) { didChange_.emit(); })) {}
+
+std::optional<KeyCommandContent> DefaultsShortcut::stored() const {
+    auto content = storedKeyCommand(userDefaults_, KeyCommand::Name(defaultsKey_));
+    const bool isComplete = content && content->key && !content->modifiers.empty();
+    return isComplete ? std::move(content) : std::nullopt;
+}
+
+std::optional<Key> DefaultsShortcut::key() const {
+    const auto content = stored();
+    return content ? content->key : std::nullopt;
+}
+
+Modifiers DefaultsShortcut::modifiers() const {
+    const auto content = stored();
+    return content ? content->modifiers : Modifiers();
+}
+
+bool DefaultsShortcut::isRegistered() const {
+    return !isSuspended_ && stored();
+}
+
+void DefaultsShortcut::set(Key key, Modifiers modifiers) {
+    auto text =
+        encode(KeyCommandContent{key, std::move(modifiers), KeyCommand::Name(defaultsKey_)});
+    userDefaults_.set(defaultsKey_, Data{std::get<std::string>(std::move(text))});
+}
+
+void DefaultsShortcut::clear() {
+    userDefaults_.remove(defaultsKey_);
+}
+
+void DefaultsShortcut::unregisterShortcut() {
+    if (binder_ != nullptr) {
+        binder_->breakBinding(defaultsKey_);
+    }
+    setSuspended(true);
+}
+
+void DefaultsShortcut::setSuspended(bool isSuspended) {
+    if (std::exchange(isSuspended_, isSuspended) != isSuspended) {
+        didChange_.emit();
+    }
+}
+
+Subscription DefaultsShortcut::observe(std::function<void()> changed) {
+    return didChange_.subscribe(std::move(changed));
+}
+
+} // namespace dwellkey
