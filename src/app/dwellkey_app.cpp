@@ -49,8 +49,17 @@ void DwellkeyApp::reopen() {
 
 void DwellkeyApp::declareWindows() {
     QtWindowHost& host = backend_.windowHost();
+    host.declare("IntroView", [this] { openLazily(introView_); });
+    host.declare("AboutView", [this] { openLazily(aboutView_); });
     host.declare("PreferencesView", [this] { preferencesView().open(); });
     host.declare("TimerView", [this] { timerView().open(); });
+}
+
+template <typename Window> void DwellkeyApp::openLazily(std::unique_ptr<Window>& window) {
+    if (!window) {
+        window = std::make_unique<Window>(backend_.platform());
+    }
+    window->open();
 }
 
 TimerView& DwellkeyApp::timerView() {

@@ -8,6 +8,8 @@
 #include "hold/timer_manager.h"
 #include "platform/once_per_turn.h"
 #include "settings/preferences_view_model.h"
+#include "views/about/about_view.h"
+#include "views/about/intro_view.h"
 #include "views/preferences/preferences_view.h"
 
 #include <memory>
@@ -35,6 +37,7 @@ public:
 
 private:
     void declareWindows();
+    template <typename Window> void openLazily(std::unique_ptr<Window>& window);
     TimerView& timerView();
     PreferencesView& preferencesView();
     void followTimerView();
@@ -45,6 +48,8 @@ private:
     TimerManager& timerManager_;
     std::unique_ptr<TimerView> timerView_;
     std::unique_ptr<PreferencesView> preferencesView_; // each made when it is first opened
+    std::unique_ptr<IntroView> introView_;
+    std::unique_ptr<AboutView> aboutView_;
     bool wasTimerViewVisible_ = false;
     OncePerTurn followTimerViewOnce_;
     Subscription timerViewChanges_;

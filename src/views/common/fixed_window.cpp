@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "views/common/fixed_window.h"
 
+#include "views/common/icons.h"
+
 #include <QGuiApplication>
 #include <QLayout>
 #include <QScreen>
@@ -14,6 +16,7 @@ FixedWindow::FixedWindow(const QString& title)
                            | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint
                            | Qt::WindowCloseButtonHint) {
     setWindowTitle(title);
+    setWindowIcon(loadIcon({applicationIconName}));
     auto* close = new QShortcut(QKeySequence(QKeySequence::Close), this);
     connect(close, &QShortcut::activated, this, &QWidget::close);
 }

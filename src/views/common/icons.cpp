@@ -8,6 +8,9 @@
 namespace dwellkey {
 
 QIcon loadIcon(const Image& image) {
+    if (image.name == applicationIconName) {
+        return QIcon(QStringLiteral(":/icons/DwellkeyIcon.svg"));
+    }
     const QString name = QString::fromStdString(image.name);
     if (name.startsWith(u'/')) {
         if (QFileInfo(name).isFile()) {

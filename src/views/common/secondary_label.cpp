@@ -19,11 +19,12 @@ QColor secondaryTextColour(const QPalette& palette) {
                             mix(text.blueF(), window.blueF()));
 }
 
-SecondaryLabel::SecondaryLabel(const QString& text, SystemFont size, QWidget* parent)
-    : QLabel(text, parent), size_(size) {
+SecondaryLabel::SecondaryLabel(const QString& text, SystemFont size, QWidget* parent,
+                               QFont::Weight weight)
+    : QLabel(text, parent), size_(size), weight_(weight) {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
-    setFont(fontFor(size_));
+    setFont(fontFor(size_, weight_));
     updateColour();
 }
 
@@ -32,7 +33,7 @@ void SecondaryLabel::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ApplicationPaletteChange) {
         updateColour();
     } else if (event->type() == QEvent::ApplicationFontChange) {
-        setFont(fontFor(size_));
+        setFont(fontFor(size_, weight_));
     }
 }
 

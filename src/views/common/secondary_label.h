@@ -8,10 +8,10 @@
 namespace dwellkey {
 
 /// Text that explains: in small gray letters, on as many lines as it needs.
-class SecondaryLabel final : public QLabel {
+class SecondaryLabel : public QLabel {
 public:
     explicit SecondaryLabel(const QString& text, SystemFont size = regularFont,
-                            QWidget* parent = nullptr);
+                            QWidget* parent = nullptr, QFont::Weight weight = QFont::Normal);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -20,6 +20,7 @@ private:
     void updateColour();
 
     SystemFont size_;
+    QFont::Weight weight_;
 };
 
 /// Gray on this palette's windows: between the colours of text and window, and readable also where
