@@ -46,7 +46,8 @@ IntroView::IntroView(Platform& platform) : FixedWindow(QString::fromLatin1(produ
         tr("You can access your %1 Preferences by clicking the %1 menu bar item.").arg(name));
     explanation->setWordWrap(true);
     auto* wayBack = new SecondaryLabel(
-        tr("This desktop has no place for it. Start %1 again to open the Preferences.").arg(name));
+        tr("This desktop has no place for it. Start %1 again to open the Preferences.").arg(name),
+        regularFont, this);
     wayBack->setAlignment(Qt::AlignCenter);
     const auto showWayBack = [&platform, wayBack] {
         wayBack->setVisible(!platform.menuBarExtra.isHosted());
