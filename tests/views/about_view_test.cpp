@@ -35,7 +35,11 @@ protected:
 
     FakePlatform& shared = sharedPlatform();
     FakePlatform fake;
-    std::string helpFolder = fake.bundleReader.resourceFolder + "help/";
+    /// Installs the help page; its path.
+    std::string installPage() {
+        fake.bundleReader.resources["help/index.html"] = "<html>";
+        return *fake.bundleReader.pathForResource("help/index", "html");
+    }
 };
 
 TEST_F(AboutViewTest, about_saysWhatItIs_andKeepsItsSize) {
@@ -51,10 +55,10 @@ TEST_F(AboutViewTest, about_saysWhatItIs_andKeepsItsSize) {
 }
 
 TEST_F(AboutViewTest, support_opensTheHelpPage) {
-    fake.bundleReader.resources["help/index.html"] = "<html>";
+    const std::string page = installPage();
     AboutView window(fake.platform());
     supportButton(window).click();
-    EXPECT_THAT(fake.workspace.openedUrls, ElementsAre("file://" + helpFolder + "index.html"));
+    EXPECT_THAT(fake.workspace.openedUrls, ElementsAre("file://" + page));
     EXPECT_TRUE(fake.alerts.shown.empty());
 }
 
@@ -63,11 +67,11 @@ TEST_F(AboutViewTest, support_withoutPageOrBrowser_saysWhy) {
     button.click();
     ASSERT_EQ(fake.alerts.shown.size(), 1U);
     EXPECT_THAT(fake.alerts.shown.back().informativeText, HasSubstr("missing"));
-    fake.bundleReader.resources["help/index.html"] = "<html>";
+    const std::string page = installPage();
     fake.workspace.canOpenUrls = false;
     button.click();
     ASSERT_EQ(fake.alerts.shown.size(), 2U);
-    EXPECT_THAT(fake.alerts.shown.back().informativeText, HasSubstr(helpFolder + "index.html"));
+    EXPECT_THAT(fake.alerts.shown.back().informativeText, HasSubstr(page));
 }
 
 TEST_F(AboutViewTest, introduction_leadsToThePreferences) {

@@ -4,7 +4,6 @@
 
 #include "views/common/secondary_label.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 
 namespace dwellkey {
@@ -13,13 +12,15 @@ inline constexpr const char* productName = "Dwellkey";
 
 /// One line that is never broken, in the gray of explanations.
 class GrayLine : public SecondaryLabel {
+    Q_OBJECT
+
 public:
     GrayLine(const QString& text, SystemFont size, QFont::Weight weight, QWidget* parent = nullptr);
 };
 
 /// "Version " and the version.
 class DwellkeyVersion final : public GrayLine {
-    Q_DECLARE_TR_FUNCTIONS(DwellkeyVersion)
+    Q_OBJECT
 
 public:
     explicit DwellkeyVersion(QWidget* parent = nullptr);
@@ -27,6 +28,8 @@ public:
 
 /// The same in all languages; the year is that of the first time that it was needed.
 class DwellkeyCopyright final : public QLabel {
+    Q_OBJECT
+
 public:
     explicit DwellkeyCopyright(QWidget* parent = nullptr);
 };

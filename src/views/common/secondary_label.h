@@ -9,6 +9,8 @@ namespace dwellkey {
 
 /// Text that explains: in small gray letters, on as many lines as it needs.
 class SecondaryLabel : public QLabel {
+    Q_OBJECT
+
 public:
     explicit SecondaryLabel(const QString& text, SystemFont size = regularFont,
                             QWidget* parent = nullptr, QFont::Weight weight = QFont::Normal);
