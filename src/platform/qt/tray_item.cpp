@@ -114,8 +114,10 @@ void TrayItem::nameAnswered(const QDBusMessage& reply) {
 }
 
 void TrayItem::watcherAnswered(const QDBusMessage& reply) {
-    static const QString noWatcher = QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown");
-    if (reply.type() == QDBusMessage::ErrorMessage && reply.errorName() != noWatcher) {
+    const QString error = reply.errorName();
+    const bool isThere = error != QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown")
+                         && error != QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
+    if (reply.type() == QDBusMessage::ErrorMessage && isThere) {
         errorLog_.error("The desktop's bar does not take the menu-bar item.",
                         reply.errorMessage().toStdString());
     }

@@ -35,6 +35,7 @@ constexpr std::array<std::uint16_t, 4> combinations{
 std::string Settings::json() const {
     nlohmann::json values{
         {"isFirstLaunch", isFirstLaunch},
+        {"showMenuBarIcon", showsMenuBarIcon},
         {"delayUntilActivation", delay},
         {"selectedAppScope", scope == Scope::allExceptListed
                                  ? "Use Dwellkey with all apps except..."

@@ -20,6 +20,7 @@ struct Settings {
     std::vector<std::string> listedApplications = {}; // file: URLs of desktop entries
     bool guardsCloseWindow = false;                   // with Ctrl+W
     bool isFirstLaunch = false;
+    bool showsMenuBarIcon = true;
 
     [[nodiscard]] std::string json() const;
     [[nodiscard]] Milliseconds delayInMilliseconds() const;
