@@ -14,6 +14,7 @@ using Measure = void (*)(dwellkey::bench::Report&);
 
 const std::map<std::string, Measure> measures{{"holds", dwellkey::bench::measureHolds},
                                               {"start", dwellkey::bench::measureStart},
+                                              {"openings", dwellkey::bench::measureOpenings},
                                               {"footprint", dwellkey::bench::measureFootprint}};
 
 } // namespace
@@ -21,7 +22,7 @@ const std::map<std::string, Measure> measures{{"holds", dwellkey::bench::measure
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv, argv + argc);
     if (argc != 3 || !measures.contains(arguments[2])) {
-        std::cerr << "usage: dwellkey-bench-desktop FILE-OF-ROWS holds|start|footprint\n";
+        std::cerr << "usage: dwellkey-bench-desktop FILE-OF-ROWS holds|start|openings|footprint\n";
         return EXIT_FAILURE;
     }
     try {

@@ -21,6 +21,7 @@ void awaitGrab(const e2e::Screen& screen, e2e::ChildProcess& program, xcb_keycod
 
 void measureHolds(Report& report);
 void measureStart(Report& report);
+void measureOpenings(Report& report);
 void measureFootprint(Report& report);
 
 } // namespace dwellkey::bench

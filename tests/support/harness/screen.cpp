@@ -178,18 +178,29 @@ bool Screen::isAbove(Window upper, Window lower) const {
            > std::find(bottomToTop.begin(), bottomToTop.end(), topLevelOf(lower));
 }
 
-void Screen::activate(Window window) const {
-    constexpr std::uint32_t asTaskbar = 2;
+void Screen::askWindowManager(Window window, const char* message, std::uint32_t first,
+                              std::uint32_t second) const {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
-    event.type = connection_.atom("_NET_ACTIVE_WINDOW");
-    event.data.data32[0] = asTaskbar;
+    event.type = connection_.atom(message);
+    event.data.data32[0] = first;
+    event.data.data32[1] = second;
     xcb_send_event(connection_.get(), 0, connection_.root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
     xcb_flush(connection_.get());
+}
+
+void Screen::requestClose(Window window) const {
+    constexpr std::uint32_t asTaskbar = 2;
+    askWindowManager(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME, asTaskbar);
+}
+
+void Screen::activate(Window window) const {
+    constexpr std::uint32_t asTaskbar = 2;
+    askWindowManager(window, "_NET_ACTIVE_WINDOW", asTaskbar, 0);
     // The focus too: a window manager may go on naming a window that is gone, and the server gives
     // its number to the next program.
     await("the activated window to be the active one", [&] {

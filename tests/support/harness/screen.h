@@ -53,6 +53,9 @@ public:
     /// Makes the window the active one, as a taskbar does, and returns once it has the focus.
     void activate(Window window) const;
 
+    /// Asks the window manager to close the window, as its title bar's button does.
+    void requestClose(Window window) const;
+
     /// Whether another client has grabbed the key with exactly these modifiers. Asked without
     /// ever being in that client's way.
     [[nodiscard]] bool isGrabbed(xcb_keycode_t key, std::uint16_t modifiers) const;
@@ -67,6 +70,8 @@ private:
     [[nodiscard]] Window topLevelOf(Window window) const;
     void watch(Window window, std::uint32_t events) const;
     void drainEvents() const;
+    void askWindowManager(Window window, const char* message, std::uint32_t first,
+                          std::uint32_t second) const;
 
     XConnection connection_;
 };
