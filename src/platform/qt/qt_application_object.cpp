@@ -10,6 +10,8 @@
 namespace dwellkey {
 namespace {
 
+const auto connectionName = QStringLiteral("org.freedesktop.Application"); // ours for it
+
 QDBusMessage toBus(const QString& method) {
     const auto bus = QStringLiteral("org.freedesktop.DBus");
     return QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
@@ -22,10 +24,14 @@ QtApplicationObject::QtApplicationObject()
     : exported_(std::make_unique<QtExportedApplication>(
         [this](const Launch& launch) { (isSettled_ ? startedAgain : launched).emit(launch); })) {}
 
-QtApplicationObject::~QtApplicationObject() = default;
+QtApplicationObject::~QtApplicationObject() {
+    QDBusConnection::disconnectFromBus(connectionName);
+}
 
 void QtApplicationObject::publish() {
-    auto bus = QDBusConnection::sessionBus();
+    // Not the toolkit's own connection: until the loop has turned, that one holds back the calls
+    // that it receives, but not the answers.
+    auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
     if (!bus.isConnected()
         || !bus.registerObject(QStringLiteral("/org/dwellkey/Dwellkey"), exported_.get(),
                                QDBusConnection::ExportScriptableSlots)) {
