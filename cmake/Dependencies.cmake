@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Everything comes from the distribution; docs/architecture.md says why each is here.
 find_package(PkgConfig REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus UiTools)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus LinguistTools UiTools)
 find_package(nlohmann_json 3.11 REQUIRED)
 find_package(EXPAT 2.4 REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-xkb xcb-res)

@@ -25,6 +25,10 @@ install(FILES packaging/dwellkey.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 install(TARGETS dwellkey RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES resources/CloseWindow.scpt DESTINATION ${CMAKE_INSTALL_DATADIR}/dwellkey)
+# The help page shows the icon; both lie as they do in the sources.
+install(DIRECTORY resources/help DESTINATION ${CMAKE_INSTALL_DATADIR}/dwellkey)
+install(FILES resources/icons/org.dwellkey.Dwellkey.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/dwellkey/icons)
 install(FILES resources/icons/org.dwellkey.Dwellkey.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES resources/icons/16x16/org.dwellkey.Dwellkey.svg

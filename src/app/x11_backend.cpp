@@ -22,6 +22,7 @@
 #include "platform/qt/qt_menu_tracking.h"
 #include "platform/qt/qt_run_loop.h"
 #include "platform/qt/qt_session_lock.h"
+#include "platform/qt/qt_translations.h"
 #include "platform/qt/qt_url_opener.h"
 #include "platform/x11/x11_connection.h"
 #include "platform/x11/x11_hot_keys.h"
@@ -31,8 +32,10 @@
 #include "platform/x11/x11_workspace.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QThreadPool>
 #include <chrono>
+#include <optional>
 #include <utility>
 
 namespace dwellkey {
@@ -126,6 +129,7 @@ public:
           })) {
         connection_->attach(runLoop_);
         runLoop_.post([this, &errorLog] { // after the hot keys are live
+            translations_.emplace(QLocale::system().uiLanguages());
             sessionLock_.start();
             menuBarExtra_.start();
             watchInstalledApplications(errorLog);
@@ -160,6 +164,7 @@ private:
     Toolkit toolkit_;
     QtRunLoop runLoop_;
     QtLocalizer localizer_;
+    std::optional<QtTranslations> translations_; // before any window
     LinuxServices linux_;
     QtApplicationActions actions_;
     X11Workspace workspace_;
