@@ -10,7 +10,16 @@ DefaultsShortcut::DefaultsShortcut(UserDefaults& userDefaults, std::string defau
                                    ShortcutBinder* binder)
     : userDefaults_(userDefaults), defaultsKey_(std::move(defaultsKey)), binder_(binder),
       storeChange_(
-          userDefaults.observe(defaultsKey_, [this](DefaultsChange) { didChange_.emit(); })) {}
+          userDefaults.observe(defaultsKey_, [this](DefaultsChange) { didChange_.emit(); })) {
+    if (binder_ != nullptr) {
+        failureChange_ =
+            binder_->bindingFailureDidChange.subscribe([this](std::string_view changedKey) {
+                if (changedKey == defaultsKey_) {
+                    didChange_.emit();
+                }
+            });
+    }
+}
 
 std::optional<KeyCommandContent> DefaultsShortcut::stored() const {
     auto content = storedKeyCommand(userDefaults_, KeyCommand::Name(defaultsKey_));
@@ -30,6 +39,22 @@ Modifiers DefaultsShortcut::modifiers() const {
 
 bool DefaultsShortcut::isRegistered() const {
     return !isSuspended_ && stored();
+}
+
+std::optional<RegistrationFailure> DefaultsShortcut::registrationFailure() const {
+    const auto failure = binder_ == nullptr ? std::nullopt : binder_->bindingFailure(defaultsKey_);
+    if (!failure || !isRegistered()) {
+        return std::nullopt;
+    }
+    switch (failure->status) {
+    case eventHotKeyExistsErr:
+        return failure->isTakenByOtherBinding ? RegistrationFailure::takenByAnotherCommand
+                                              : RegistrationFailure::takenByAnotherProgram;
+    case eventHotKeyInvalidErr:
+        return RegistrationFailure::notOnThisKeyboard;
+    default:
+        return RegistrationFailure::serviceFailed;
+    }
 }
 
 void DefaultsShortcut::set(Key key, Modifiers modifiers) {

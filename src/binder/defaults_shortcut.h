@@ -24,9 +24,8 @@ public:
     [[nodiscard]] Modifiers modifiers() const override;
     /// Whether there is one to bind.
     [[nodiscard]] bool isRegistered() const override;
-    [[nodiscard]] std::optional<RegistrationFailure> registrationFailure() const override {
-        return std::nullopt; // it is tried only when an application comes to the front
-    }
+    /// Of the present shortcut, which is tried each time that an application comes to the front.
+    [[nodiscard]] std::optional<RegistrationFailure> registrationFailure() const override;
     [[nodiscard]] bool menuIsOpen() const override { return false; }
 
     void set(Key key, Modifiers modifiers) override;
@@ -46,6 +45,7 @@ private:
     bool isSuspended_ = false;
     Signal<> didChange_;
     Subscription storeChange_;
+    Subscription failureChange_;
 };
 
 } // namespace dwellkey

@@ -23,21 +23,27 @@ void HotKeyShortcutBinder::bindShortcut(std::string_view defaultsKey, Action toA
     breakBinding(defaultsKey);
     const auto combination = storedCombination(defaultsKey);
     if (!combination) {
-        noteFailure(defaultsKey, std::nullopt);
+        forgetFailure(defaultsKey);
         return;
     }
     const EventHotKeyID id{signature, nextId_++};
-    HotKeys::Registration registration{installHandler(), {}};
-    if (registration.status == noErr) {
-        registration = hotKeys_.registerHotKey(combination->keyCode, combination->modifiers, id);
-    }
+    const HotKeys::Registration registration = take(*combination, id);
     if (registration.status != noErr) {
-        noteFailure(defaultsKey, Failure{*combination, registration.status});
+        const bool isOurs =
+            std::ranges::find(bindings_, *combination, &Binding::combination) != bindings_.end();
+        noteFailure(defaultsKey, {*combination, {registration.status, isOurs}});
         return;
     }
-    noteFailure(defaultsKey, std::nullopt);
-    bindings_.push_back(
-        {std::string(defaultsKey), id, registration.ref, std::move(toAction), std::move(onKeyUp)});
+    forgetFailure(defaultsKey);
+    bindings_.push_back({std::string(defaultsKey), *combination, id, registration.ref,
+                         std::move(toAction), std::move(onKeyUp)});
+}
+
+HotKeys::Registration HotKeyShortcutBinder::take(const Combination& combination, EventHotKeyID id) {
+    if (const OSStatus status = installHandler(); status != noErr) {
+        return {status, {}};
+    }
+    return hotKeys_.registerHotKey(combination.keyCode, combination.modifiers, id);
 }
 
 void HotKeyShortcutBinder::breakBinding(std::string_view defaultsKey) {
@@ -94,19 +100,29 @@ OSStatus HotKeyShortcutBinder::handle(const HotKeyEvent* event) {
     return noErr;
 }
 
-void HotKeyShortcutBinder::noteFailure(std::string_view defaultsKey,
-                                       std::optional<Failure> failure) {
+std::optional<ShortcutBinder::Failure>
+HotKeyShortcutBinder::bindingFailure(std::string_view defaultsKey) const {
     const auto known = failures_.find(defaultsKey);
-    if (!failure) {
-        if (known != failures_.end()) {
-            failures_.erase(known);
-        }
+    const bool isPresent =
+        known != failures_.end() && storedCombination(defaultsKey) == known->second.combination;
+    return isPresent ? std::optional(known->second.failure) : std::nullopt;
+}
+
+void HotKeyShortcutBinder::noteFailure(std::string_view defaultsKey, const FailedAttempt& attempt) {
+    const auto known = failures_.find(defaultsKey);
+    if (known != failures_.end() && known->second == attempt) {
         return;
     }
-    if (known == failures_.end() || known->second != *failure) {
-        errorLog_.error("The shortcut \"" + std::string(defaultsKey) + "\" could not be bound.",
-                        statusDescription(failure->status));
-        failures_.insert_or_assign(std::string(defaultsKey), *failure);
+    failures_.insert_or_assign(std::string(defaultsKey), attempt);
+    errorLog_.error("The shortcut \"" + std::string(defaultsKey) + "\" could not be bound.",
+                    statusDescription(attempt.failure.status));
+    bindingFailureDidChange.emit(defaultsKey);
+}
+
+void HotKeyShortcutBinder::forgetFailure(std::string_view defaultsKey) {
+    if (const auto known = failures_.find(defaultsKey); known != failures_.end()) {
+        failures_.erase(known);
+        bindingFailureDidChange.emit(defaultsKey);
     }
 }
 

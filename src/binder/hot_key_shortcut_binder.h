@@ -32,6 +32,8 @@ public:
     /// What cannot be taken is logged, once until it changes.
     void bindShortcut(std::string_view defaultsKey, Action toAction, Action onKeyUp) override;
     void breakBinding(std::string_view defaultsKey) override;
+    [[nodiscard]] std::optional<Failure>
+    bindingFailure(std::string_view defaultsKey) const override;
     bool confirmPressed() override { return hotKeys_.confirmPressed(); }
 
 private:
@@ -42,29 +44,32 @@ private:
     };
     struct Binding {
         std::string defaultsKey;
+        Combination combination;
         EventHotKeyID id;
         EventHotKeyRef ref{};
         Action toAction;
         Action onKeyUp;
         bool isPressed = false;
     };
-    struct Failure {
+    struct FailedAttempt {
         Combination combination;
-        OSStatus status = noErr;
-        bool operator==(const Failure&) const = default;
+        Failure failure;
+        bool operator==(const FailedAttempt&) const = default;
     };
 
     [[nodiscard]] std::optional<Combination> storedCombination(std::string_view defaultsKey) const;
+    [[nodiscard]] HotKeys::Registration take(const Combination& combination, EventHotKeyID id);
     OSStatus installHandler();
     OSStatus handle(const HotKeyEvent* event);
-    void noteFailure(std::string_view defaultsKey, std::optional<Failure> failure);
+    void noteFailure(std::string_view defaultsKey, const FailedAttempt& attempt);
+    void forgetFailure(std::string_view defaultsKey);
 
     HotKeys& hotKeys_;
     const UserDefaults& userDefaults_;
     ErrorLog& errorLog_;
     std::vector<Binding> bindings_;
     std::uint32_t nextId_ = 0;
-    std::map<std::string, Failure, std::less<>> failures_; // by settings key; logged already
+    std::map<std::string, FailedAttempt, std::less<>> failures_; // by settings key; logged already
     /// Set once the handler is installed; the handler is deaf when it is gone.
     std::shared_ptr<const bool> handlerLife_;
 };

@@ -2,7 +2,11 @@
 // System-wide shortcuts, known by the settings key that they are stored under. std only.
 #pragma once
 
+#include "platform/os_status.h"
+#include "support/signal.h"
+
 #include <functional>
+#include <optional>
 #include <string_view>
 
 namespace dwellkey {
@@ -10,6 +14,13 @@ namespace dwellkey {
 class ShortcutBinder {
 public:
     using Action = std::function<void()>;
+
+    /// Why a stored shortcut could not be taken.
+    struct Failure {
+        OSStatus status = noErr;
+        bool isTakenByOtherBinding = false; // of this binder, not by another program
+        bool operator==(const Failure&) const = default;
+    };
 
     ShortcutBinder() = default;
     ShortcutBinder(const ShortcutBinder&) = delete;
@@ -23,6 +34,13 @@ public:
 
     /// Gives the key's shortcut back, if it is bound. If it is pressed, `onKeyUp` runs first.
     virtual void breakBinding(std::string_view defaultsKey) = 0;
+
+    /// Of the latest attempt to bind the shortcut that is stored under the key now; absent when
+    /// there was none, or when it went well.
+    [[nodiscard]] virtual std::optional<Failure>
+    bindingFailure(std::string_view defaultsKey) const = 0;
+    /// Emitted with the settings key after its failure changed.
+    Signal<std::string_view> bindingFailureDidChange;
 
     /// Positive evidence for a hold: delivers every key event that has arrived until now, then
     /// asks the keyboard itself whether a bound shortcut is still down.

@@ -72,6 +72,7 @@ TEST_P(Binder, releasedEarly_doesNothingAndTheFocusStays) {
     const auto focused = screen.focusedWindow();
     for (const auto letter : {key::q, key::w}) {
         const TimePoint down = beginHold(letter);
+        EXPECT_TRUE(panelStaysUntil(down + holdTime / 2));
         screen.picture().save(testName());
         EXPECT_EQ(screen.focusedWindow(), focused);
         EXPECT_EQ(screen.activeWindow(), probe.window());

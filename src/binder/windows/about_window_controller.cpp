@@ -51,7 +51,7 @@ void AboutWindowController::windowDidLoad() {
 }
 
 void AboutWindowController::openSupport() {
-    if (const auto page = platform().bundleReader.pathForResource("help", "html")) {
+    if (const auto page = platform().bundleReader.pathForResource("help/index", "html")) {
         platform().workspace.openUrl(Url::fromPath(*page).absoluteString());
     }
 }

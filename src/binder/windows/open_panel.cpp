@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 #include <QUrl>
+#include <ranges>
 
 namespace dwellkey {
 namespace {
@@ -53,9 +54,9 @@ std::string applicationsFolder() {
     const QStringList folders =
         QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     // The user's own come first, those of the system last.
-    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-        if (QDir(*folder).exists()) {
-            return folder->toStdString();
+    for (const QString& folder : std::ranges::reverse_view(folders)) {
+        if (QDir(folder).exists()) {
+            return folder.toStdString();
         }
     }
     return "/";

@@ -25,18 +25,20 @@ namespace {
 class Panel final : public QtPanelWindow {
 public:
     Panel(PanelSupport& support, double cornerRadius, std::unique_ptr<QWidget> content)
-        : QtPanelWindow(support, cornerRadius), minimum_(content->size()) {
-        setWindowTitle(content->windowTitle());
+        : QtPanelWindow(support, cornerRadius), content_(content.release()),
+          designedSize_(content_->size()) {
+        setWindowTitle(content_->windowTitle());
         auto* frame = new QVBoxLayout(this);
         frame->setContentsMargins(0, 0, 0, 0);
-        frame->addWidget(content.release());
+        frame->addWidget(content_);
     }
 
     /// Of its designed size; a long title (another language, a wide font) makes it wider.
-    void fitToContent() override { setFixedSize(layout()->sizeHint().expandedTo(minimum_)); }
+    void fitToContent() override { setFixedSize(content_->sizeHint().expandedTo(designedSize_)); }
 
 private:
-    QSize minimum_;
+    QWidget* content_;
+    QSize designedSize_;
 };
 
 class Label final : public TextField {
@@ -45,7 +47,11 @@ public:
     void setStringValue(const std::string& text) override {
         label_.setText(QCoreApplication::translate("TimerWindowController", text.c_str()));
         if (auto* panel = dynamic_cast<Panel*>(label_.window())) {
+            const QSize before = panel->size();
             panel->fitToContent();
+            if (panel->size() != before) {
+                panel->centre();
+            }
         }
     }
 

@@ -75,7 +75,7 @@ void PreferencesWindowController::addApplication() {
     }
 }
 
-void PreferencesWindowController::removeApplication() {
+void PreferencesWindowController::removeApplication() const {
     arrayController->remove();
 }
 

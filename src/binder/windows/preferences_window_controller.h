@@ -36,7 +36,7 @@ public:
     /// Lets the user choose an application and appends its path, also when it is listed already.
     void addApplication();
     /// Removes the selected ones.
-    void removeApplication();
+    void removeApplication() const;
 
     /// The row must be in the table: any other ends the process. All columns show the same.
     [[nodiscard]] RowValue objectValueForTableColumn(int column, std::size_t row) const;

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,6 +20,15 @@ public:
         bindings_.insert_or_assign(std::string(defaultsKey),
                                    Binding{std::move(toAction), std::move(onKeyUp)});
         ++bindCount;
+    }
+    [[nodiscard]] std::optional<Failure>
+    bindingFailure(std::string_view defaultsKey) const override {
+        const auto found = failures_.find(defaultsKey);
+        return found == failures_.end() ? std::nullopt : found->second;
+    }
+    void setBindingFailure(const std::string& defaultsKey, std::optional<Failure> failure) {
+        failures_[defaultsKey] = failure;
+        bindingFailureDidChange.emit(defaultsKey);
     }
     void breakBinding(std::string_view defaultsKey) override {
         bindings_.erase(std::string(defaultsKey));
@@ -60,6 +70,7 @@ private:
     }
 
     std::map<std::string, Binding> bindings_;
+    std::map<std::string, std::optional<Failure>, std::less<>> failures_;
 };
 
 } // namespace dwellkey

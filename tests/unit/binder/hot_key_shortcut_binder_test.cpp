@@ -100,6 +100,28 @@ TEST_F(Binder, rebindingInsideTheActions_isSafe) {
     EXPECT_EQ(events, std::vector<std::string>{"one down"});
 }
 
+TEST_F(Binder, combinationThatCannotBeTaken_saysWhoHasIt) {
+    store("one", Key::q, {Modifier::command});
+    store("two", Key::q, {Modifier::command});
+    std::vector<std::string> changed;
+    const auto watch = binder->bindingFailureDidChange.subscribe(
+        [&](std::string_view settingsKey) { changed.emplace_back(settingsKey); });
+    bind("one");
+    bind("two");
+    EXPECT_EQ(binder->bindingFailure("one"), std::nullopt);
+    EXPECT_EQ(binder->bindingFailure("two"), (ShortcutBinder::Failure{eventHotKeyExistsErr, true}));
+    platform.hotKeys.takeByOther({w, command});
+    store("two", Key::w, {Modifier::command});
+    EXPECT_EQ(binder->bindingFailure("two"), std::nullopt) << "not of this shortcut";
+    bind("two");
+    EXPECT_EQ(binder->bindingFailure("two"),
+              (ShortcutBinder::Failure{eventHotKeyExistsErr, false}));
+    platform.userDefaults.remove("two");
+    bind("two");
+    EXPECT_EQ(binder->bindingFailure("two"), std::nullopt);
+    EXPECT_EQ(changed, (std::vector<std::string>{"two", "two", "two"}));
+}
+
 TEST_F(Binder, combinationThatCannotBeTaken_isLoggedOnceUntilThatChanges) {
     store("one", Key::q, {Modifier::command});
     platform.hotKeys.takeByOther({q, command});
