@@ -113,6 +113,9 @@ void KeyCommandProxy::registrationFailed(OSStatus status) {
         logStatus(platform_.errorLog, status, "Key command registration failed.");
         registrationDidFail_.emit();
     }
+    // Whoever holds the combination may end, and another application is in front then.
+    tryAgain_ = platform_.workspace.didActivateApplication.subscribe(
+        [this](const auto& /*application*/) { registerHotKey(); });
 }
 
 void KeyCommandProxy::store() {
@@ -125,7 +128,11 @@ void KeyCommandProxy::store() {
 }
 
 void KeyCommandProxy::unregisterHotKey(Reregistration reregistration) {
-    if (blocksRegistrationChanges_ || !isRegistered_) {
+    if (blocksRegistrationChanges_) {
+        return;
+    }
+    tryAgain_.cancel();
+    if (!isRegistered_) {
         return;
     }
     const OSStatus status = platform_.hotKeys.unregisterHotKey(std::exchange(hotKeyRef_, {}));

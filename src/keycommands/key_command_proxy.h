@@ -54,7 +54,8 @@ public:
     }
 
     /// Registers the combination, anew if it is registered. No effect without a key and at least
-    /// one modifier. A failure is logged and leaves the command unregistered.
+    /// one modifier. A failure is logged and leaves the command unregistered; until it is
+    /// unregistered, each change of the application in front tries again.
     void registerHotKey();
     /// Unregisters and forgets the stored entry. No effect when not registered.
     void unregisterHotKey(Reregistration reregistration);
@@ -115,6 +116,7 @@ private:
     Subscription menuDidEnd_;
     /// Logged once: each start registers a command once for each of its observers.
     std::optional<RegistrationFailure> registrationFailure_;
+    Subscription tryAgain_;
     OncePerTurn registerOnce_;
     Subscription editsFromOutside_;
 };

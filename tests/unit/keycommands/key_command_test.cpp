@@ -131,6 +131,26 @@ TEST_F(KeyCommandTest, combinationTakenByAnotherProgram_isLoggedAndLeavesNothing
     EXPECT_TRUE(quit.isEnabled());
 }
 
+TEST_F(KeyCommandTest, combinationGivenBackByAnotherProgram_isTakenAtTheNextActivation) {
+    platform.hotKeys.takeByOther(commandQ);
+    const KeyCommand quit = quitCommand();
+    quit.enable();
+    platform.workspace.launchInFront("still.taken");
+    EXPECT_FALSE(quit.isEnabled());
+    EXPECT_EQ(platform.errorLog.entries.size(), 1U);
+    platform.hotKeys.giveBackByOther(commandQ);
+    platform.workspace.launchInFront("free");
+    EXPECT_TRUE(quit.isEnabled());
+    EXPECT_NE(stored("quitApplication"), nullptr);
+
+    platform.hotKeys.takeByOther(commandW);
+    quit.setKey(Key::w);
+    quit.disable(); // the user is content without it
+    platform.hotKeys.giveBackByOther(commandW);
+    platform.workspace.launchInFront("another");
+    EXPECT_FALSE(quit.isEnabled());
+}
+
 TEST_F(KeyCommandTest, entryOfACommandThatCannotRegisterAtStart_isKeptForTheNextStart) {
     quitCommand().enable();
     restart();
