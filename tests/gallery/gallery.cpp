@@ -51,7 +51,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     prepareLook(look);
-    QApplication application(argc, argv);
-    applyLook(look, application);
+    const QApplication application(argc, argv);
+    applyLook(look);
     return drawAll(QString::fromLocal8Bit(argv[1]), look);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look.h"
 
+#include "platform/qt/qt_translations.h"
 #include "pseudo_translator.h"
 
 #include <QApplication>
@@ -8,6 +9,9 @@
 #include <QIcon>
 #include <QPalette>
 #include <QStyleFactory>
+
+#include <memory>
+#include <vector>
 
 namespace dwellkey {
 namespace {
@@ -41,17 +45,22 @@ QPalette paletteOf(const Colours& colours) {
     return palette;
 }
 
-void speak(const QString& name, QApplication& application) {
-    QTranslator* translator = nullptr;
+/// For as long as the process lives.
+void speak(const QString& name) {
+    static std::vector<std::unique_ptr<QTranslator>> invented;
+    static std::unique_ptr<QtTranslations> real;
     if (name == QLatin1String("double-length")) {
-        translator = new DoubleLengthTranslator;
+        invented.push_back(std::make_unique<DoubleLengthTranslator>());
     } else if (name == QLatin1String("right-to-left")) {
-        translator = new RightToLeftTranslator;
-    } else {
-        return;
+        invented.push_back(std::make_unique<RightToLeftTranslator>());
+    } else if (name == QLatin1String("german")) {
+        real = std::make_unique<QtTranslations>(QStringList{QStringLiteral("de")});
+    } else if (name == QLatin1String("portuguese")) {
+        real = std::make_unique<QtTranslations>(QStringList{QStringLiteral("pt-BR")});
     }
-    translator->setParent(&application);
-    QApplication::installTranslator(translator);
+    for (const auto& translator : invented) {
+        QApplication::installTranslator(translator.get());
+    }
 }
 
 } // namespace
@@ -68,14 +77,14 @@ void prepareLook(const QString& name) {
     qputenv("QT_SCALE_FACTOR", name == QLatin1String("scale-2") ? "2" : "1");
 }
 
-void applyLook(const QString& name, QApplication& application) {
+void applyLook(const QString& name) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const bool isDark = name == QLatin1String("dark");
     const bool isHighContrast = name == QLatin1String("high-contrast");
     QApplication::setPalette(paletteOf(isDark ? dark : isHighContrast ? highContrast : light));
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     QIcon::setThemeName(QStringLiteral("Adwaita"));
-    speak(name, application);
+    speak(name);
 }
 
 } // namespace dwellkey

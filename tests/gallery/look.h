@@ -5,10 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <memory>
-
-class QApplication;
-
 namespace dwellkey {
 
 QStringList lookNames();
@@ -16,7 +12,7 @@ QStringList lookNames();
 /// To be called before there is an application: its scale is fixed at the start.
 void prepareLook(const QString& name);
 
-/// Gives the application palette, icons, font and language.
-void applyLook(const QString& name, QApplication& application);
+/// Gives the application its palette, icons, font and language. It must exist by now.
+void applyLook(const QString& name);
 
 } // namespace dwellkey

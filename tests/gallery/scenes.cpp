@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "scenes.h"
 
+#include "desktop.h"
 #include "hold/panel/timer_view.h"
-#include "hold/timer_manager.h"
-#include "platform/fake/fake_platform.h"
 #include "platform/qt/qt_alerts.h"
-#include "platform/qt/qt_localizer.h"
-#include "settings/preferences_view_model.h"
+#include "preferences_scenes.h"
 #include "views/about/about_view.h"
 #include "views/about/intro_view.h"
 
@@ -16,60 +14,38 @@
 namespace dwellkey {
 namespace {
 
-/// A desktop with some applications, in the user's language.
-class Desktop {
-public:
-    Desktop() {
-        fake.localizer.translate = [this](const char* context, const char* text) {
-            return localizer.localized(context, text);
-        };
-        fake.bundleReader.infoStrings["CFBundleShortVersionString"] = "0.1.0";
-        fake.workspace.launchInFront("org.gnome.TextEditor", "Text Editor");
-        Platform::install(fake.platform());
-    }
-
-    /// Lets the views take up what changed in the models.
-    void turn() {
-        fake.runLoop.runPosted();
-        QApplication::processEvents();
-    }
-
-    QtLocalizer localizer;
-    FakePlatform fake;
-    AlertManager alertManager;
-    PreferencesViewModel preferences{fake.platform(), alertManager};
-};
-
-/// Installed as the shared platform, so it stays.
-Desktop& desktop() {
-    static auto* const instance = new Desktop;
-    return *instance;
+void introduction(const Look& look) {
+    IntroView window(Desktop::shared().fake.platform());
+    Desktop::shared().show(window, look);
 }
 
-template <typename Window>
-void show(Window& window, const Look& look) {
-    window.open();
-    desktop().turn();
-    look(window);
-    window.hide();
+void introductionWithoutBar(const Look& look) {
+    Desktop::shared().fake.menuBarExtra.setHosted(false);
+    introduction(look);
+    Desktop::shared().fake.menuBarExtra.setHosted(true);
+}
+
+void about(const Look& look) {
+    AboutView window(Desktop::shared().fake.platform());
+    Desktop::shared().show(window, look);
 }
 
 void holdPanel(CloseMethod method, double progress, const Look& look) {
-    FakePlatform& fake = desktop().fake;
+    FakePlatform& fake = Desktop::shared().fake;
     fake.panelSupport.composited = true;
-    TimerManager timer(fake.platform(), desktop().preferences);
+    TimerManager timer(fake.platform(), Desktop::shared().preferences);
     TimerView view(timer, fake.runLoop, fake.panelSupport);
     timer.startTimer(method);
     timer.progress = progress;
-    show(view, look);
+    Desktop::shared().show(view, look);
     timer.stopHold();
 }
 
 /// The alert that `cause` brings up, drawn by the toolkit.
 void alert(const std::function<void(TimerManager&)>& cause, const Look& look) {
-    FakePlatform& fake = desktop().fake;
+    FakePlatform& fake = Desktop::shared().fake;
     fake.alerts.responses.push_back(alertFirstButtonReturn + 1);
-    TimerManager timer(fake.platform(), desktop().preferences);
+    TimerManager timer(fake.platform(), Desktop::shared().preferences);
     cause(timer);
     QTimer::singleShot(0, [&look] {
         QWidget* box = QApplication::activeModalWidget();
@@ -82,9 +58,9 @@ void alert(const std::function<void(TimerManager&)>& cause, const Look& look) {
 void permissionAlert(const Look& look) {
     alert(
         [](TimerManager& timer) {
-            desktop().fake.accessibilityTrust.trusted = false;
+            Desktop::shared().fake.accessibilityTrust.trusted = false;
             timer.closeFrontWindow();
-            desktop().fake.accessibilityTrust.trusted = true;
+            Desktop::shared().fake.accessibilityTrust.trusted = true;
         },
         look);
 }
@@ -92,25 +68,19 @@ void permissionAlert(const Look& look) {
 } // namespace
 
 std::vector<Scene> scenes() {
-    return {
-        {"introduction",
-         [](const Look& look) {
-             IntroView window(desktop().fake.platform());
-             show(window, look);
-         }},
-        {"about",
-         [](const Look& look) {
-             AboutView window(desktop().fake.platform());
-             show(window, look);
-         }},
-        {"hold-quit", [](const Look& look) { holdPanel(CloseMethod::quitApp, 0.6, look); }},
-        {"hold-close", [](const Look& look) { holdPanel(CloseMethod::closeWindow, 0.25, look); }},
-        {"alert-permission", permissionAlert},
-        {"alert-close-failed",
-         [](const Look& look) {
-             alert([](TimerManager& timer) { timer.closeFrontWindow(); }, look);
-         }},
-    };
+    std::vector<Scene> all = preferencesScenes();
+    all.insert(
+        all.end(),
+        {{"introduction", introduction},
+         {"introduction-no-bar", introductionWithoutBar},
+         {"about", about},
+         {"hold-quit", [](const Look& look) { holdPanel(CloseMethod::quitApp, 0.6, look); }},
+         {"hold-close", [](const Look& look) { holdPanel(CloseMethod::closeWindow, 0.25, look); }},
+         {"alert-permission", permissionAlert},
+         {"alert-close-failed", [](const Look& look) {
+              alert([](TimerManager& timer) { timer.closeFrontWindow(); }, look);
+          }}});
+    return all;
 }
 
 } // namespace dwellkey
