@@ -5,8 +5,20 @@
 
 #include <QGuiApplication>
 #include <algorithm>
+#include <xcb/xcb.h>
 
 namespace dwellkey {
+
+namespace {
+
+/// What was asked of the display goes there now and not at the end of the turn.
+void sendRequests() {
+    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        xcb_flush(x11->connection());
+    }
+}
+
+} // namespace
 
 QtKeyCapture::~QtKeyCapture() {
     end();
@@ -29,6 +41,7 @@ void QtKeyCapture::end() {
     if (window_ != nullptr) {
         window_->setKeyboardGrabEnabled(false);
         window_.clear();
+        sendRequests(); // the next key is somebody else's
     }
 }
 

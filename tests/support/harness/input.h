@@ -14,14 +14,22 @@ namespace dwellkey::e2e {
 
 /// X key codes of an evdev keyboard, by position, with the label of a US keyboard.
 namespace key {
+inline constexpr xcb_keycode_t escape = 9;
+inline constexpr xcb_keycode_t tab = 23;
 inline constexpr xcb_keycode_t q = 24;
 inline constexpr xcb_keycode_t w = 25;
+inline constexpr xcb_keycode_t returnKey = 36;
 inline constexpr xcb_keycode_t a = 38;
 inline constexpr xcb_keycode_t x = 53;
 inline constexpr xcb_keycode_t leftControl = 37;
 inline constexpr xcb_keycode_t rightControl = 105;
 inline constexpr xcb_keycode_t leftShift = 50;
+inline constexpr xcb_keycode_t leftAlt = 64;
+inline constexpr xcb_keycode_t space = 65;
 inline constexpr xcb_keycode_t capsLock = 66;
+inline constexpr xcb_keycode_t f4 = 70;
+inline constexpr xcb_keycode_t f5 = 71;
+inline constexpr xcb_keycode_t f10 = 76;
 inline constexpr xcb_keycode_t numLock = 77;
 } // namespace key
 
