@@ -374,6 +374,10 @@
         <source>Remove the selected applications</source>
         <translation>Ausgewählte Anwendungen entfernen</translation>
     </message>
+    <message>
+        <source>⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super</source>
+        <translation>⌘ ist Strg, ⌥ ist Alt, ⇧ ist Umschalt, ⌃ ist Super</translation>
+    </message>
 </context>
 <context>
     <name>TimerManager</name>

@@ -374,6 +374,10 @@
         <source>Remove the selected applications</source>
         <translation>Remover os aplicativos selecionados</translation>
     </message>
+    <message>
+        <source>⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super</source>
+        <translation>⌘ é Ctrl, ⌥ é Alt, ⇧ é Shift, ⌃ é Super</translation>
+    </message>
 </context>
 <context>
     <name>TimerManager</name>

@@ -83,6 +83,7 @@ void applyLook(const QString& name) {
     const bool isHighContrast = name == QLatin1String("high-contrast");
     QApplication::setPalette(paletteOf(isDark ? dark : isHighContrast ? highContrast : light));
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+    QIcon::setThemeSearchPaths({QStringLiteral("/usr/share/icons")}); // no desktop says so
     QIcon::setThemeName(QStringLiteral("Adwaita"));
     speak(name);
 }
