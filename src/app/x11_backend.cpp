@@ -21,6 +21,7 @@
 #include "platform/qt/qt_menu_bar_extra.h"
 #include "platform/qt/qt_menu_tracking.h"
 #include "platform/qt/qt_run_loop.h"
+#include "platform/qt/qt_session_end.h"
 #include "platform/qt/qt_session_lock.h"
 #include "platform/qt/qt_translations.h"
 #include "platform/qt/qt_url_opener.h"
@@ -177,6 +178,7 @@ private:
     QtMenuTracking menuTracking_;
     QtKeyCapture keyCapture_;
     LinuxSystemShortcuts systemShortcuts_;
+    QtSessionEnd sessionEnd_{[this] { linux_.userDefaults.synchronize(); }};
     QtSessionLock sessionLock_;
     QtMenuBarExtra menuBarExtra_;
     QtWindowHost windowHost_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Started, started again, hung, killed, asked to end.
 #include "end_to_end.h"
+#include "session_manager.h"
 
 #include <nlohmann/json.hpp>
 
@@ -20,13 +21,15 @@ protected:
     }
 
     [[nodiscard]] bool arePreferencesOpen() const {
-        return screen.windowTitled("Preferences")
-               || readFile(desktop.folder("logs") / "dwellkey.log").find("\"PreferencesView\"")
-                      != std::string::npos;
+        return screen.windowTitled("Preferences").has_value();
     }
 
+    /// In front, with the keys.
     void awaitPreferences() const {
-        screen.await("the preferences", [&] { return arePreferencesOpen(); });
+        screen.await("the preferences to be in front", [&] {
+            const auto window = screen.windowTitled("Preferences");
+            return window && screen.activeWindow() == window && screen.focusedWindow() == window;
+        });
     }
 
     void awaitKeysTaken() const {
@@ -36,6 +39,29 @@ protected:
 
     [[nodiscard]] nlohmann::json storedSettings() const {
         return nlohmann::json::parse(readFile(desktop.folder("config") / "dwellkey/settings.json"));
+    }
+
+    /// With "appIsOpen" true in the settings, which only an end in order makes false.
+    std::unique_ptr<ChildProcess> startStoredAsOpen(SessionManager* session = nullptr) {
+        auto settings = nlohmann::json::parse(Settings{}.json());
+        settings["appIsOpen"] = true;
+        writeFile(desktop.folder("config") / "dwellkey/settings.json", settings.dump());
+        auto program = session == nullptr ? startAgain()
+                                          : startAgain({{"SESSION_MANAGER", session->address()}});
+        if (session != nullptr) {
+            session->awaitClient();
+        }
+        awaitKeysTaken();
+        return program;
+    }
+
+    [[nodiscard]] std::string namesOnTheBus() {
+        const auto call = desktop.start(
+            {"gdbus", "call", "--session", "--dest=org.freedesktop.DBus",
+             "--object-path=/org/freedesktop/DBus", "--method=org.freedesktop.DBus.ListNames"},
+            {}, ChildProcess::Output::toPipe);
+        call->awaitEnd();
+        return call->readLine().value_or("no answer");
     }
 
     /// Speaks to the program as launchers do; the arguments in GVariant's notation.
@@ -68,6 +94,9 @@ TEST_P(LifeCycle, startedAgain_opensThePreferencesOfTheFirstAndEnds) {
     EXPECT_EQ(startAgain()->awaitEnd(), ended);
     awaitPreferences();
     EXPECT_TRUE(first.process().isRunning());
+    screen.activate(probe.window());
+    EXPECT_EQ(startAgain()->awaitEnd(), ended);
+    awaitPreferences(); // brought forward
 }
 
 TEST_P(LifeCycle, startedAgainWithoutASessionBus_opensThePreferencesOfTheFirst) {
@@ -90,19 +119,19 @@ TEST_P(LifeCycle, activatedByALauncher_opensThePreferences) {
 }
 
 TEST_P(LifeCycle, firstHangs_secondEndsItAndGuardsWithTheSettingsOfTheFirst) {
-    Probe probe(desktop);
+    const Probe front(desktop);
     Dwellkey first(desktop, {.delay = 0.4});
     first.awaitGuarding();
     first.process().signal(SIGSTOP);
     const auto second = startAgain();
     first.process().awaitEnd();
     awaitPreferences();
-    screen.activate(probe.window());
-    awaitKeysTaken();
     EXPECT_TRUE(second->isRunning());
     EXPECT_EQ(storedSettings().at("delayUntilActivation"), 0.4);
+    Probe next(desktop);
+    awaitKeysTaken();
     const TimePoint down = beginHold();
-    EXPECT_EQ(probe.process().awaitEnd(), ended);
+    EXPECT_EQ(next.process().awaitEnd(), ended);
     EXPECT_GE(Clock::now() - down, Milliseconds(400));
 }
 
@@ -132,6 +161,43 @@ TEST_P(LifeCycle, severalStartedAtOnce_exactlyOneStays) {
     for (const auto& start : starts) {
         EXPECT_TRUE(start->isRunning() || start->awaitEnd() == ended) << start->log();
     }
+}
+
+TEST_P(LifeCycle, askedToEnd_givesBackKeysAndNamesAndSaysThatItIsClosed) {
+    Probe probe(desktop);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        const auto program = startStoredAsOpen();
+        awaitBusName();
+        program->signal(signal);
+        EXPECT_EQ(program->awaitEnd(), ended);
+        EXPECT_EQ(storedSettings().at("appIsOpen"), false);
+        EXPECT_FALSE(screen.isGrabbed(key::q, XCB_MOD_MASK_CONTROL));
+        const std::string names = namesOnTheBus();
+        EXPECT_EQ(names.find("dwellkey"), std::string::npos) << names;
+        EXPECT_EQ(names.find("StatusNotifierItem"), std::string::npos) << names;
+    }
+    pressShortcut();
+    probe.awaitPresses(key::q, 1);
+}
+
+TEST_P(LifeCycle, sessionEnds_leavesAtOnceSavedAndIsNotBroughtBackByTheSessionManager) {
+    const Probe probe(desktop);
+    SessionManager session;
+    const auto program = startStoredAsOpen(&session);
+    EXPECT_EQ(startAgain()->awaitEnd(), ended);
+    awaitPreferences(); // an open window does not hold up the logout
+    session.endSession();
+    EXPECT_EQ(program->awaitEnd(), ended);
+    EXPECT_EQ(session.restartHint(), SmRestartNever); // the login item does that
+    EXPECT_EQ(storedSettings().at("appIsOpen"), false);
+}
+
+TEST_P(LifeCycle, displayLost_savesThatItIsClosed) {
+    const Probe probe(desktop);
+    const auto program = startStoredAsOpen();
+    desktop.server().process().terminate();
+    program->awaitEnd();
+    EXPECT_EQ(storedSettings().at("appIsOpen"), false);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, LifeCycle, testing::Values(WindowManagerKind::openbox),

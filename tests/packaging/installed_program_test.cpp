@@ -49,8 +49,7 @@ protected:
     }
 
     [[nodiscard]] bool arePreferencesOpen() const {
-        return screen.windowTitled("Preferences")
-               || desktop.logs().find("\"PreferencesView\"") != std::string::npos;
+        return screen.windowTitled("Preferences").has_value();
     }
 
     // Programs that others start for us end with the desktop's display.
