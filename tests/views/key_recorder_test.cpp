@@ -6,6 +6,7 @@
 #include "platform/fake/fake_platform.h"
 
 #include <QAccessible>
+#include <QDialog>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
@@ -177,13 +178,20 @@ TEST_F(KeyRecorderTest, windowThatGoesAway_endsTheRecording) {
     EXPECT_THAT(registered(), ElementsAre(commandQ));
 }
 
-TEST_F(KeyRecorderTest, userWhoTurnsToAnotherProgram_endsTheRecording_ourOwnWindowsDoNot) {
+TEST_F(KeyRecorderTest,
+       userWhoTurnsToAnotherProgramOrADialog_endsTheRecording_ourOtherWindowsDoNot) {
     shortcut.click();
     QWidget other;
     other.show();
     other.activateWindow();
     turn();
     EXPECT_TRUE(isRecording());
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    EXPECT_FALSE(isRecording()) << "it could not be answered by keyboard";
+    dialog.hide();
+    shortcut.click();
     Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
     EXPECT_FALSE(isRecording());
     shortcut.click();

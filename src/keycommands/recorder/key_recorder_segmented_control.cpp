@@ -205,6 +205,8 @@ bool KeyRecorderSegmentedControl::isRepeat(const QKeyEvent& event) const {
 bool KeyRecorderSegmentedControl::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         recording_.retryRegistration();
+    } else if (event->type() == QEvent::WindowBlocked && recording_.watchesKeys()) {
+        recording_.interrupt(); // a dialog that is not the recorder's own alert wants the keys
     } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         refreshWidth();
     }
