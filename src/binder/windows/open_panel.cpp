@@ -6,7 +6,7 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 #include <QUrl>
-#include <ranges>
+#include <algorithm>
 
 namespace dwellkey {
 namespace {
@@ -54,12 +54,9 @@ std::string applicationsFolder() {
     const QStringList folders =
         QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     // The user's own come first, those of the system last.
-    for (const QString& folder : std::ranges::reverse_view(folders)) {
-        if (QDir(folder).exists()) {
-            return folder.toStdString();
-        }
-    }
-    return "/";
+    const auto last = std::find_if(folders.rbegin(), folders.rend(),
+                                   [](const QString& folder) { return QDir(folder).exists(); });
+    return last == folders.rend() ? "/" : last->toStdString();
 }
 
 } // namespace dwellkey
