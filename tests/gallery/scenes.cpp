@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "scenes.h"
 
+#include "binder_scenes.h"
 #include "desktop.h"
 #include "hold/panel/timer_view.h"
 #include "platform/qt/qt_alerts.h"
@@ -80,6 +81,8 @@ std::vector<Scene> scenes() {
          {"alert-close-failed", [](const Look& look) {
               alert([](TimerManager& timer) { timer.closeFrontWindow(); }, look);
           }}});
+    const std::vector<Scene> binder = binderScenes(Desktop::shared().fake);
+    all.insert(all.end(), binder.begin(), binder.end());
     return all;
 }
 
