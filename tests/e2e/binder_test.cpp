@@ -85,6 +85,20 @@ TEST_P(Binder, releasedEarly_doesNothingAndTheFocusStays) {
     EXPECT_EQ(probe.presses(key::q), 0U);
 }
 
+TEST_P(Binder, keysLetGoWhileTheProgramIsStopped_nothingIsAsked) {
+    install("one");
+    BinderProgram program(desktop);
+    Probe probe = show("one");
+    awaitGuarding(program);
+    const TimePoint down = beginHold();
+    program.process().signal(SIGSTOP);
+    keyboard.releaseAll();
+    EXPECT_TRUE(probe.staysWithout("close-request", down + holdTime + afterthought));
+    program.process().signal(SIGCONT);
+    screen.awaitNoPanel();
+    EXPECT_TRUE(probe.staysWithout("close-request", Clock::now() + afterthought));
+}
+
 TEST_P(Binder, eachActivation_appliesTheScope) {
     BinderSettings settings{.apps = {install("listed")}};
     install("other");
