@@ -17,12 +17,8 @@ DwellkeyApp::DwellkeyApp(Backend& backend)
       followTimerViewOnce_(backend.platform().runLoop, [this] { followTimerView(); }),
       timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
-      lost_(backend.lost.subscribe([this](std::string_view cause) {
-          backend_.platform().errorLog.error("Dwellkey ends: the desktop is gone.", cause);
-          appDelegate_.willTerminate();
-          // Not the ordinary way out: everything that talks to the display is dead.
-          std::_Exit(statusLost);
-      })),
+      lost_(backend.lost.subscribe([this](std::string_view cause) { desktopIsGone(cause); })),
+      suddenExit_(onSuddenExit([this] { desktopIsGone("the toolkit lost the X server"); })),
       termination_(onTerminationSignal(backend.platform().runLoop, [this] { backend_.quit(0); })) {
     declareWindows();
 }
@@ -42,6 +38,14 @@ int DwellkeyApp::run() {
     return status;
 }
 
+void DwellkeyApp::desktopIsGone(std::string_view cause) {
+    suddenExit_.cancel();
+    backend_.platform().errorLog.error("Dwellkey ends: the desktop is gone.", cause);
+    appDelegate_.willTerminate();
+    // Not the ordinary way out: everything that talks to the display is dead.
+    std::_Exit(statusLost);
+}
+
 void DwellkeyApp::reopen() {
     appDelegate_.shouldHandleReopen(false);
     backend_.platform().workspace.activateOurselves();
@@ -55,7 +59,8 @@ void DwellkeyApp::declareWindows() {
     host.declare("TimerView", [this] { timerView().open(); });
 }
 
-template <typename Window> void DwellkeyApp::openLazily(std::unique_ptr<Window>& window) {
+template <typename Window>
+void DwellkeyApp::openLazily(std::unique_ptr<Window>& window) {
     if (!window) {
         window = std::make_unique<Window>(backend_.platform());
     }

@@ -13,6 +13,7 @@
 #include "views/preferences/preferences_view.h"
 
 #include <memory>
+#include <string_view>
 
 namespace dwellkey {
 
@@ -37,7 +38,9 @@ public:
 
 private:
     void declareWindows();
-    template <typename Window> void openLazily(std::unique_ptr<Window>& window);
+    [[noreturn]] void desktopIsGone(std::string_view cause);
+    template <typename Window>
+    void openLazily(std::unique_ptr<Window>& window);
     TimerView& timerView();
     PreferencesView& preferencesView();
     void followTimerView();
@@ -54,6 +57,7 @@ private:
     OncePerTurn followTimerViewOnce_;
     Subscription timerViewChanges_;
     Subscription lost_;
+    Subscription suddenExit_;
     Subscription termination_;
 };
 

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -23,6 +24,14 @@ extern "C" void noteSignal(int /*number*/) {
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = write(wakeUp, &one, sizeof one);
     errno = savedErrno;
+}
+
+std::function<void()> suddenExit;
+
+void noteExit() {
+    if (const auto ended = std::exchange(suddenExit, nullptr)) {
+        ended();
+    }
 }
 
 void setHandler(void (*handler)(int)) {
@@ -54,6 +63,12 @@ Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> termina
         watch->cancel();
         close(std::exchange(wakeUp, -1));
     });
+}
+
+Subscription onSuddenExit(std::function<void()> ended) {
+    suddenExit = std::move(ended);
+    std::atexit(noteExit);
+    return Subscription([] { suddenExit = nullptr; });
 }
 
 } // namespace dwellkey

@@ -12,4 +12,9 @@ namespace dwellkey {
 /// SIGINT, SIGHUP). Once in a process; it must be cancelled before the loop goes.
 Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> terminate);
 
+/// Runs `ended` when somebody exits the process from the middle of the loop, as the libraries below
+/// the toolkit do when they find the display gone before we do. Everything that we made still
+/// exists then. Once in a process.
+Subscription onSuddenExit(std::function<void()> ended);
+
 } // namespace dwellkey
