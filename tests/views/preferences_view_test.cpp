@@ -196,9 +196,10 @@ TEST_F(PreferencesViewTest, droppedLocations_areAddedOrRefusedWithTheReason) {
     constexpr auto offered = Qt::CopyAction | Qt::MoveAction;
     QDragEnterEvent enter({10, 10}, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(list().viewport(), &enter);
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction); // a move would let the source delete it
     QDropEvent drop({10, 10}, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(list().viewport(), &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction); // a move would let the source delete it
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
     turn();
     EXPECT_THAT(listed(), ElementsAre("The editor", "The browser", "player two"));
     ASSERT_NE(alert(), nullptr);

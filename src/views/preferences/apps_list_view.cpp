@@ -17,6 +17,13 @@ namespace {
 
 constexpr int minimumListHeight = 140;
 
+void acceptCopy(QDropEvent& event) {
+    if (event.mimeData()->hasUrls()) {
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
+    }
+}
+
 } // namespace
 
 /// A copy of the list, as it was at the last refresh.
@@ -139,22 +146,18 @@ void AppsListView::keyPressEvent(QKeyEvent* event) {
     QListView::keyPressEvent(event);
 }
 
+// Never a move, not even before the drop: a source holds on to the last that it was told, and then
+// deletes what it offered.
 void AppsListView::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) {
-        event->acceptProposedAction();
-    }
+    acceptCopy(*event);
 }
 
 void AppsListView::dragMoveEvent(QDragMoveEvent* event) {
-    if (event->mimeData()->hasUrls()) {
-        event->acceptProposedAction();
-    }
+    acceptCopy(*event);
 }
 
 void AppsListView::dropEvent(QDropEvent* event) {
-    // Never a move: the source would delete what it offered.
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    acceptCopy(*event);
     Q_EMIT locationsDropped(event->mimeData()->urls());
 }
 

@@ -203,6 +203,8 @@ void PreferencesView::followWhileShown() {
             refresh();
         });
     });
+    // It tells of changes only after it was asked, and nobody need have done so lately.
+    static_cast<void>(platform_.applicationCatalog.applications());
 }
 
 void PreferencesView::hideEvent(QHideEvent* event) {
