@@ -26,26 +26,6 @@ struct Shortcut {
     bool operator==(const Shortcut&) const = default;
 };
 
-/// The smallest rectangle that holds all pixels that differ.
-std::optional<Rectangle> difference(const Picture& one, const Picture& other) {
-    std::optional<Rectangle> box;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            if (one.at(x, y) == other.at(x, y)) {
-                continue;
-            }
-            if (!box) {
-                box = Rectangle{x, y, 1, 1};
-            }
-            const int left = std::min(box->x, x);
-            box->width = std::max(box->x + box->width, x + 1) - left;
-            box->x = left;
-            box->height = y + 1 - box->y;
-        }
-    }
-    return box;
-}
-
 } // namespace
 
 class Recorder : public EndToEnd {
@@ -88,7 +68,7 @@ protected:
         int same = 0;
         screen.await("the window to be drawn", [&] {
             Picture next = screen.picture(area);
-            same = difference(latest, next) ? 0 : same + 1;
+            same = latest.differences(next) ? 0 : same + 1;
             latest = std::move(next);
             return same == whole;
         });
@@ -211,7 +191,7 @@ TEST_P(Recorder, button_clearsAndRecordsByMouse) {
     keyboard.tap(key::tab);
     std::optional<Rectangle> button; // what the mark of the focus surrounds
     screen.await("the button to show that it has the focus", [&] {
-        button = difference(before, screen.picture(area));
+        button = before.differences(screen.picture(area));
         return button && button->height > 16;
     });
     ASSERT_LT(button->width, 2 * button->height);
@@ -225,7 +205,7 @@ TEST_P(Recorder, button_clearsAndRecordsByMouse) {
     const Picture cleared = pictureAtRest(area);
     click(button->x - button->width * 2); // the other segment
     screen.await("a change of looks",
-                 [&] { return difference(cleared, screen.picture(area)).has_value(); });
+                 [&] { return cleared.differences(screen.picture(area)).has_value(); });
     pictureAtRest(area).save(testName() + "-recording");
     EXPECT_FALSE(isKeyboardFree());
     type(key::q, {key::leftControl});

@@ -29,6 +29,7 @@ Options parseOptions() {
         {name("forge-pid"), name("State this process id."), name("pid")},
         {name("desktop-window"), name("Be the desktop.")},
         {name("text"), name("Offer a text field.")},
+        {name("drag"), name("Let this address be dragged out."), name("url")},
     });
     parser.process(*QCoreApplication::instance());
     Options options;
@@ -44,6 +45,7 @@ Options parseOptions() {
     }
     options.isDesktop = parser.isSet(name("desktop-window"));
     options.hasTextField = parser.isSet(name("text"));
+    options.dragged = valueOf(parser, name("drag"));
     return options;
 }
 

@@ -19,6 +19,7 @@ struct Options {
     std::optional<quint32> forgedPid; // for _NET_WM_PID
     bool isDesktop = false;           // _NET_WM_WINDOW_TYPE_DESKTOP
     bool hasTextField = false;
+    std::optional<QString> dragged; // the address that can be dragged out of the windows
 };
 
 /// From the command line; ends the process with a message when that is wrong.

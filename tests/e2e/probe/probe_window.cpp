@@ -6,8 +6,11 @@
 
 #include <QCloseEvent>
 #include <QDialog>
+#include <QDrag>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace dwellkey::probe {
@@ -24,7 +27,7 @@ QJsonObject described(const QWidget& window, const QString& role) {
 } // namespace
 
 ProbeWindow::ProbeWindow(const Options& options, int index)
-    : refusesToClose_(options.refusesToClose) {
+    : refusesToClose_(options.refusesToClose), dragged_(options.dragged) {
     setWindowTitle(options.windows == 1
                        ? options.title
                        : QStringLiteral("%1 %2").arg(options.title).arg(index + 1));
@@ -55,6 +58,25 @@ void ProbeWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         askAboutUnsavedChanges();
     }
+}
+
+/// As file managers drag: they would rather move, and then delete the original.
+void ProbeWindow::mousePressEvent(QMouseEvent* event) {
+    if (!dragged_) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    auto* content = new QMimeData;
+    content->setUrls({QUrl(*dragged_)});
+    auto* drag = new QDrag(this); // deletes itself
+    drag->setMimeData(content);
+    connect(drag, &QDrag::actionChanged, [](Qt::DropAction action) {
+        if (action != Qt::IgnoreAction) {
+            report(QStringLiteral("drag-welcome"));
+        }
+    });
+    const auto action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    report(action == Qt::MoveAction ? QStringLiteral("moved-away") : QStringLiteral("drag-ended"));
 }
 
 void ProbeWindow::askAboutUnsavedChanges() {

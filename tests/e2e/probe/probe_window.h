@@ -17,11 +17,13 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void askAboutUnsavedChanges();
 
     bool refusesToClose_;
+    std::optional<QString> dragged_;
 };
 
 /// Opens a modal dialog, transient for the window.

@@ -77,6 +77,12 @@ void Keyboard::releaseAll() {
     }
 }
 
+void Keyboard::type(std::string_view letters) {
+    for (const char letter : letters) {
+        tap(keyFor(static_cast<xcb_keysym_t>(letter))); // a letter's symbol is its ASCII code
+    }
+}
+
 std::uint8_t Keyboard::lockedModifiers() const {
     const Reply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
         connection_.get(), xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD), nullptr));
@@ -137,9 +143,17 @@ void Pointer::moveTo(int x, int y) {
     fakeInput(connection_, XCB_MOTION_NOTIFY, 0, x, y);
 }
 
-void Pointer::click() {
+void Pointer::press() {
     fakeInput(connection_, XCB_BUTTON_PRESS, leftButton);
+}
+
+void Pointer::release() {
     fakeInput(connection_, XCB_BUTTON_RELEASE, leftButton);
+}
+
+void Pointer::click() {
+    press();
+    release();
 }
 
 } // namespace dwellkey::e2e

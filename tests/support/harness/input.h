@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace dwellkey::e2e {
 
@@ -31,6 +32,8 @@ inline constexpr xcb_keycode_t f4 = 70;
 inline constexpr xcb_keycode_t f5 = 71;
 inline constexpr xcb_keycode_t f10 = 76;
 inline constexpr xcb_keycode_t numLock = 77;
+inline constexpr xcb_keycode_t left = 113;
+inline constexpr xcb_keycode_t end = 115;
 } // namespace key
 
 class Keyboard {
@@ -47,6 +50,9 @@ public:
     void release(xcb_keycode_t key);
     void tap(xcb_keycode_t key);
     void releaseAll();
+
+    /// Types lower-case letters.
+    void type(std::string_view letters);
 
     /// Presses and releases the lock key, and waits until the server's state has followed.
     void toggleCapsLock();
@@ -76,6 +82,8 @@ public:
     explicit Pointer(const std::string& display);
 
     void moveTo(int x, int y);
+    void press();
+    void release();
     void click();
 
 private:

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <utility>
 
 namespace dwellkey::e2e {
@@ -60,6 +61,17 @@ std::optional<Rectangle> Picture::boundingBox(const Rectangle& area,
         return std::nullopt;
     }
     return Rectangle{left, top, right - left + 1, bottom - top + 1};
+}
+
+std::optional<Rectangle> Picture::differences(const Picture& other) const {
+    if (other.width_ != width_ || other.height_ != height_) {
+        throw Failure("pictures of different sizes cannot be compared");
+    }
+    constexpr Colour same{0, 0, 0};
+    Picture changed = *this;
+    std::ranges::transform(pixels_, other.pixels_, changed.pixels_.begin(), std::bit_xor{});
+    return changed.boundingBox({0, 0, width_, height_},
+                               [&](Colour colour) { return colour != same; });
 }
 
 int Picture::runLength(int x, int y) const {

@@ -45,6 +45,10 @@ public:
     [[nodiscard]] std::optional<Rectangle>
     boundingBox(const Rectangle& area, const std::function<bool(Colour)>& wanted) const;
 
+    /// The smallest rectangle that holds every pixel in which the other picture of the same size
+    /// differs; absent when there is none.
+    [[nodiscard]] std::optional<Rectangle> differences(const Picture& other) const;
+
     /// How many pixels from (x, y) rightwards are of about the colour of that one.
     [[nodiscard]] int runLength(int x, int y) const;
 

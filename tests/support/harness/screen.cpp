@@ -198,6 +198,12 @@ void Screen::requestClose(Window window) const {
     askWindowManager(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME, asTaskbar);
 }
 
+void Screen::minimise(Window window) const {
+    constexpr std::uint32_t iconicState = 3;
+    askWindowManager(window, "WM_CHANGE_STATE", iconicState, 0);
+    await("the minimised window to leave the screen", [&] { return !isViewable(window); });
+}
+
 void Screen::activate(Window window) const {
     constexpr std::uint32_t asTaskbar = 2;
     askWindowManager(window, "_NET_ACTIVE_WINDOW", asTaskbar, 0);

@@ -56,6 +56,9 @@ public:
     /// Asks the window manager to close the window, as its title bar's button does.
     void requestClose(Window window) const;
 
+    /// Leaves the window to the taskbar, and returns once it is off the screen.
+    void minimise(Window window) const;
+
     /// Whether another client has grabbed the key with exactly these modifiers. Asked without
     /// ever being in that client's way.
     [[nodiscard]] bool isGrabbed(xcb_keycode_t key, std::uint16_t modifiers) const;
