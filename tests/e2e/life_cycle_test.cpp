@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -97,6 +99,33 @@ TEST_P(LifeCycle, startedAgain_opensThePreferencesOfTheFirstAndEnds) {
     screen.activate(probe.window());
     EXPECT_EQ(startAgain()->awaitEnd(), ended);
     awaitPreferences(); // brought forward
+}
+
+TEST_P(LifeCycle, eachStart_endsTheBusyPointerOfItsLauncher) {
+    const XConnection listener(desktop.server().display());
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(listener.get(), listener.root(), XCB_CW_EVENT_MASK, &mask);
+    listener.synchronize();
+    std::string notices;
+    const auto awaitNotice = [&](const std::string& notice) {
+        await(notice,
+              [&] {
+                  while (
+                      const Reply<xcb_generic_event_t> event{xcb_poll_for_event(listener.get())}) {
+                      if ((event->response_type & 0x7fU) == XCB_CLIENT_MESSAGE) {
+                          const auto& piece =
+                              reinterpret_cast<const xcb_client_message_event_t&>(*event); // NOLINT
+                          notices.append(std::begin(piece.data.data8), std::end(piece.data.data8));
+                      }
+                  }
+                  return notices.find(notice) != std::string::npos;
+              },
+              {listener.descriptor()});
+    };
+    const auto first = startAgain({{"DESKTOP_STARTUP_ID", "launcher-1-menu_TIME100"}});
+    awaitNotice("remove: ID=\"launcher-1-menu_TIME100\"");
+    const auto second = startAgain({{"DESKTOP_STARTUP_ID", "launcher-2-menu_TIME200"}});
+    awaitNotice("remove: ID=\"launcher-2-menu_TIME200\"");
 }
 
 TEST_P(LifeCycle, startedAgainWithoutASessionBus_opensThePreferencesOfTheFirst) {
