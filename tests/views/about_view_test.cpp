@@ -25,10 +25,10 @@ protected:
     /// The version is read once in the process, through the shared platform.
     static FakePlatform& sharedPlatform() {
         static auto* const instance = [] {
-            auto* fake = new FakePlatform;
-            fake->bundleReader.infoStrings["CFBundleShortVersionString"] = "7.8";
-            Platform::install(fake->platform());
-            return fake;
+            auto* desktop = new FakePlatform;
+            desktop->bundleReader.infoStrings["CFBundleShortVersionString"] = "7.8";
+            Platform::install(desktop->platform());
+            return desktop;
         }();
         return *instance;
     }
