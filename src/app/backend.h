@@ -30,6 +30,9 @@ public:
     virtual int run() = 0;
     virtual void quit(int status) = 0;
 
+    /// Emitted when this program is in front and the user held its own quit shortcut to the end.
+    Signal<> terminationRequested;
+
     /// Emitted once, with the cause, when the desktop is gone for good.
     Signal<std::string_view> lost;
 };

@@ -3,11 +3,13 @@
 
 #include "app/termination.h"
 
+#include <chrono>
 #include <cstdlib>
 
 namespace dwellkey {
 namespace {
 constexpr int statusLost = 1;
+constexpr std::chrono::milliseconds releaseInterval{20}; // between two looks at the keys
 } // namespace
 
 DwellkeyApp::DwellkeyApp(Backend& backend)
@@ -17,6 +19,7 @@ DwellkeyApp::DwellkeyApp(Backend& backend)
       followTimerViewOnce_(backend.platform().runLoop, [this] { followTimerView(); }),
       timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
+      terminationRequested_(backend.terminationRequested.subscribe([this] { quitAfterRelease(); })),
       lost_(backend.lost.subscribe([this](std::string_view cause) { desktopIsGone(cause); })),
       suddenExit_(onSuddenExit([this] { desktopIsGone("the toolkit lost the X server"); })),
       termination_(onTerminationSignal(backend.platform().runLoop, [this] { backend_.quit(0); })) {
@@ -85,6 +88,17 @@ PreferencesView& DwellkeyApp::preferencesView() {
             backend_.platform());
     }
     return *preferencesView_;
+}
+
+/// The keys are likely still down. Without us the repeats of them would reach the next window, and
+/// quit that.
+void DwellkeyApp::quitAfterRelease() {
+    Platform& platform = backend_.platform();
+    untilRelease_ = platform.runLoop.repeat(releaseInterval, [this, &platform] {
+        if (!platform.hotKeys.confirmPressed()) {
+            backend_.quit(0);
+        }
+    });
 }
 
 /// Opens the panel when the flag turned true. Turning false is the panel's own affair.

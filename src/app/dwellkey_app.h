@@ -44,6 +44,7 @@ private:
     TimerView& timerView();
     PreferencesView& preferencesView();
     void followTimerView();
+    void quitAfterRelease();
 
     Backend& backend_;
     AppDelegate appDelegate_;
@@ -56,6 +57,8 @@ private:
     bool wasTimerViewVisible_ = false;
     OncePerTurn followTimerViewOnce_;
     Subscription timerViewChanges_;
+    Subscription untilRelease_;
+    Subscription terminationRequested_;
     Subscription lost_;
     Subscription suddenExit_;
     Subscription termination_;

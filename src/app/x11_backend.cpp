@@ -93,7 +93,7 @@ public:
           linux_(runLoop_, localizer_, errorLog),
           workspace_(*connection_, linux_.identifier, actions_,
                      {[this](const std::string& path) { return linux_.bundleReader.icon(path); },
-                      openUrl}),
+                      openUrl, [this] { terminationRequested.emit(); }}),
           scriptHost_(workspace_), hotKeys_(*connection_, runLoop_, errorLog),
           keyboardLayout_(*connection_), panelSupport_(*connection_),
           systemShortcuts_(linux_.environment, keyboardLayout_, errorLog),

@@ -136,6 +136,25 @@ TEST_P(LifeCycle, startedAgainWithoutASessionBus_opensThePreferencesOfTheFirst) 
     awaitPreferences();
 }
 
+TEST_P(LifeCycle, heldOverItsOwnWindow_endsInOrderOnceTheKeysAreUp) {
+    Probe behind(desktop);
+    Dwellkey dwellkey(desktop, {.delay = 1.0}); // the keys repeat by then
+    dwellkey.awaitGuarding();
+    EXPECT_EQ(startAgain()->awaitEnd(), ended);
+    awaitPreferences();
+    behind.forget();
+    beginHold();
+    screen.awaitNoPanel();
+    screen.await("the window behind to be in front",
+                 [&] { return screen.focusedWindow() == behind.window(); });
+    EXPECT_TRUE(dwellkey.process().isRunning());
+    keyboard.releaseAll();
+    EXPECT_EQ(dwellkey.process().awaitEnd(), ended);
+    EXPECT_EQ(behind.count("key-press"), 0U); // a repeat would quit that one
+    EXPECT_EQ(storedSettings().at("appIsOpen"), false);
+    EXPECT_TRUE(storedSettings().contains("quitApplication"));
+}
+
 TEST_P(LifeCycle, activatedByALauncher_opensThePreferences) {
     const Probe probe(desktop);
     const Dwellkey first(desktop);

@@ -38,9 +38,10 @@ void requestCloseOfAll(const X11Windows& windows, const X11Window& front) {
 } // namespace
 
 X11RunningApplication::X11RunningApplication(X11Window window, ApplicationIdentity identity,
-                                             const X11Windows& windows, ApplicationActions& actions)
+                                             const X11Windows& windows, ApplicationActions& actions,
+                                             const std::function<void()>& terminateOurselves)
     : window_(std::move(window)), identity_(std::move(identity)), windows_(windows),
-      actions_(actions) {}
+      actions_(actions), terminateOurselves_(terminateOurselves) {}
 
 void X11RunningApplication::terminate() {
     if (window_.actions && window_.process) {
@@ -50,6 +51,9 @@ void X11RunningApplication::terminate() {
         return;
     }
     requestCloseOfAll(windows_, window_);
+    if (terminateOurselves_ && window_.process == getpid()) {
+        terminateOurselves_(); // we live on without windows
+    }
 }
 
 bool X11RunningApplication::isSameApplication(const X11RunningApplication& other) const {
@@ -243,7 +247,7 @@ std::shared_ptr<X11RunningApplication> X11Workspace::applicationOf(X11Window win
         });
     auto identity = identifier_.identify(facts);
     return std::make_shared<X11RunningApplication>(std::move(window), std::move(identity), windows_,
-                                                   actions_);
+                                                   actions_, services_.terminateOurselves);
 }
 
 } // namespace dwellkey

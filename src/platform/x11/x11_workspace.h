@@ -22,9 +22,11 @@ namespace dwellkey {
 
 class X11RunningApplication final : public RunningApplication {
 public:
-    /// `windows` and `actions` must outlive the application.
+    /// The references must outlive the application. `terminateOurselves` is run, too, if it is
+    /// this program.
     X11RunningApplication(X11Window window, ApplicationIdentity identity, const X11Windows& windows,
-                          ApplicationActions& actions);
+                          ApplicationActions& actions,
+                          const std::function<void()>& terminateOurselves);
 
     [[nodiscard]] const std::optional<std::string>& bundleIdentifier() const override {
         return identity_.bundleIdentifier;
@@ -45,12 +47,15 @@ private:
     ApplicationIdentity identity_;
     const X11Windows& windows_;
     ApplicationActions& actions_;
+    const std::function<void()>& terminateOurselves_;
 };
 
 /// What the workspace needs that has nothing to do with X.
 struct WorkspaceServices {
     std::function<Image(const std::string& path)> icon;
     std::function<bool(std::string_view address)> openUrl;
+    /// This program was asked to quit as any other; none when closing its windows is enough.
+    std::function<void()> terminateOurselves = {}; // NOLINT
 };
 
 class X11Workspace final : public Workspace, public FrontWindowCloser, public AccessibilityTrust {
