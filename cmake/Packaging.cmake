@@ -67,7 +67,11 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, libqt6svg6")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6") # a plug-in: the libraries do not tell of it
+# The tray and reopening, the symbols of the modifier keys, the toolkit's own texts, GTK desktops' look.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "default-dbus-session-bus | dbus-session-bus, fonts-dejavu-core, qt6-gtk-platformtheme, \
+qt6-translations-l10n")
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/packaging/debian/finish.cmake)
 set(CPACK_DWELLKEY_PACKAGING ${CMAKE_SOURCE_DIR}/packaging)
 include(CPack)
