@@ -3,6 +3,8 @@
 
 #include "app/termination.h"
 
+#include <QKeySequence>
+#include <QShortcut>
 #include <chrono>
 #include <cstdlib>
 
@@ -66,6 +68,10 @@ template <typename Window>
 void DwellkeyApp::openLazily(std::unique_ptr<Window>& window) {
     if (!window) {
         window = std::make_unique<Window>(backend_.platform());
+        // While one of our windows is in front; the preferences need it only where they are not.
+        auto* preferences = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), window.get());
+        QObject::connect(preferences, &QShortcut::activated, window.get(),
+                         [this] { backend_.windowHost().open("PreferencesView"); });
     }
     window->open();
 }

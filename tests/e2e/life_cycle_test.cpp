@@ -248,6 +248,23 @@ TEST_P(LifeCycle, displayLost_savesThatItIsClosed) {
     EXPECT_EQ(storedSettings().at("appIsOpen"), false);
 }
 
+TEST_P(LifeCycle, firstLaunch_introducesAndCtrlCommaOpensThePreferences) {
+    Settings settings;
+    settings.isFirstLaunch = true;
+    Dwellkey dwellkey(desktop, settings);
+    screen.await("the introduction in front", [&] {
+        const auto introduction = screen.windowTitled("Dwellkey");
+        return introduction && screen.activeWindow() == introduction;
+    });
+    keyboard.press(key::leftControl);
+    keyboard.press(key::comma);
+    keyboard.releaseAll();
+    screen.await("the preferences in front", [&] {
+        const auto preferences = screen.windowTitled("Preferences");
+        return preferences && screen.activeWindow() == preferences;
+    });
+}
+
 INSTANTIATE_TEST_SUITE_P(Each, LifeCycle, testing::Values(WindowManagerKind::openbox),
                          parameterName);
 

@@ -23,6 +23,7 @@ inline constexpr xcb_keycode_t returnKey = 36;
 inline constexpr xcb_keycode_t a = 38;
 inline constexpr xcb_keycode_t x = 53;
 inline constexpr xcb_keycode_t leftControl = 37;
+inline constexpr xcb_keycode_t comma = 59;
 inline constexpr xcb_keycode_t rightControl = 105;
 inline constexpr xcb_keycode_t leftShift = 50;
 inline constexpr xcb_keycode_t leftAlt = 64;
