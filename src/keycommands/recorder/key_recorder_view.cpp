@@ -2,7 +2,7 @@
 #include "keycommands/recorder/key_recorder_view.h"
 
 #include "keycommands/key_command_shortcut.h"
-#include "keycommands/recorder/caption_label.h"
+#include "views/common/secondary_label.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -32,7 +32,10 @@ KeyRecorderView::KeyRecorderView(KeyCommand keyCommand, Platform& platform, QWid
 KeyRecorderView::KeyRecorderView(std::unique_ptr<RecordableShortcut> shortcut, Platform& platform,
                                  QWidget* parent)
     : QWidget(parent), recorder_(new KeyRecorder(std::move(shortcut), platform, this)),
-      nativeName_(new CaptionLabel(this)), failure_(new CaptionLabel(this)) {
+      nativeName_(new SecondaryLabel({}, regularFont, this)),
+      failure_(new SecondaryLabel({}, regularFont, this)) {
+    nativeName_->setWordWrap(false);
+    failure_->setWordWrap(false);
     recorder_->hasBackingView = true;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
