@@ -96,7 +96,7 @@ std::optional<double> splitterShare(BezelStyle style) {
 /// part of its focus ring; the ring of a push button is its style's affair.
 void paintSplitter(QPainter& painter, const SegmentBezel& bezel) {
     const auto share = splitterShare(bezel.style);
-    QStyleOption option = bezel.option;
+    QStyleOptionButton option = bezel.option;
     if (bezel.style == BezelStyle::rounded) {
         option.state &= ~QStyle::State_HasFocus;
     }
