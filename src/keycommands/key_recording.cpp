@@ -141,8 +141,16 @@ void KeyRecording::keyDown(const KeyStroke& stroke) {
     if (!watchesKeys()) {
         return;
     }
-    waitForKeys(state_ == RecordingState::recording ? recordingPatience : releasePatience);
-    if (stroke.isRepeat || state_ == RecordingState::idle) {
+    if (state_ == RecordingState::idle) {
+        // Another key ends the repeats of the recorded one: somebody types on, and must get
+        // through.
+        if (stroke.keyCode == recordedKeyDown_) {
+            waitForKeys(releasePatience);
+        }
+        return;
+    }
+    waitForKeys(recordingPatience);
+    if (stroke.isRepeat) {
         return;
     }
     const auto key = stroke.keyCode ? keyFromRawValue(*stroke.keyCode) : std::nullopt;

@@ -210,6 +210,12 @@ TEST_F(KeyRecordingTest, recordedKey_isTheRecordersUntilItIsUp) {
     EXPECT_EQ(platform.keyCapture.window, std::nullopt);
 
     startRecording();
+    type(Key::w, {Modifier::command});
+    recorder->keyDown(stroke(Key::a)); // the user types on
+    platform.runLoop.advance(50ms);
+    EXPECT_FALSE(recorder->watchesKeys()) << "only the recorded key may keep the keyboard";
+
+    startRecording();
     recorder->keyDown(stroke(Key::x, {Modifier::command}));
     recorder->keyUp(stroke(Key::x, {Modifier::command}));
     KeyStroke repeat = stroke(Key::x, {Modifier::command});
