@@ -2,10 +2,14 @@
 #include "platform/x11/x11_startup_notice.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 
 namespace dwellkey {
 namespace {
+
+// Bytes; an id is a line. Anybody on the session bus may send one, and 20 bytes are an event.
+constexpr std::size_t longestId = 4096;
 
 xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
     const auto cookie =
@@ -52,7 +56,7 @@ void broadcast(const X11Connection& connection, std::string_view message, xcb_at
 } // namespace
 
 void endStartupNotification(X11Connection& connection, std::string_view startupId) {
-    if (startupId.empty()) {
+    if (startupId.empty() || startupId.size() > longestId) {
         return;
     }
     broadcast(connection, removal(startupId), atom(connection.raw(), "_NET_STARTUP_INFO_BEGIN"),

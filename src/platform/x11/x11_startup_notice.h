@@ -10,7 +10,7 @@ namespace dwellkey {
 
 /// Tells the desktop that the launch with this id is complete, so that it stops showing a busy
 /// pointer. The toolkit does so when it shows its first window; a program in the background shows
-/// none. Nothing for an empty id. Telling twice does no harm.
+/// none. Nothing for an empty id, or one over 4096 bytes. Telling twice does no harm.
 void endStartupNotification(X11Connection& connection, std::string_view startupId);
 
 } // namespace dwellkey
