@@ -45,6 +45,27 @@ namespace {
 // Far more than a bus needs, and soon enough for somebody who waits for the shortcuts.
 constexpr std::chrono::milliseconds busPatience{300};
 
+/// Our windows must live on the server whose keys we guard, also where Wayland is to be had. The
+/// variable that says so is the user's again afterwards: programs that we start inherit it.
+class PlatformChoice {
+public:
+    PlatformChoice() { qputenv(variable, "xcb"); }
+    PlatformChoice(const PlatformChoice&) = delete;
+    PlatformChoice& operator=(const PlatformChoice&) = delete;
+    ~PlatformChoice() {
+        if (users_) {
+            qputenv(variable, *users_);
+        } else {
+            qunsetenv(variable);
+        }
+    }
+
+private:
+    static constexpr const char* variable = "QT_QPA_PLATFORM";
+    std::optional<QByteArray> users_ =
+        qEnvironmentVariableIsSet(variable) ? std::optional(qgetenv(variable)) : std::nullopt;
+};
+
 /// The toolkit, told that it is not its windows that keep the process alive.
 class Toolkit {
 public:
@@ -197,8 +218,7 @@ std::variant<std::unique_ptr<Backend>, std::string> startX11Backend(int& argc, c
     if (auto* reason = std::get_if<std::string>(&connection)) {
         return std::move(*reason);
     }
-    // The windows must live on the server whose keys we guard, also where Wayland is to be had.
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    const PlatformChoice xcb;
     avoidMuteBuses(busPatience);
     return std::make_unique<X11Backend>(
         std::get<std::unique_ptr<X11Connection>>(std::move(connection)), argc, argv, errorLog);
