@@ -21,6 +21,8 @@ DwellkeyApp::DwellkeyApp(Backend& backend)
       followTimerViewOnce_(backend.platform().runLoop, [this] { followTimerView(); }),
       timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
+      timerViewSteps_(timerManager_.isTimerViewAside.willChange.subscribe(
+          [this](bool) { followTimerViewOnce_.schedule(); })),
       terminationRequested_(backend.terminationRequested.subscribe([this] { quitAfterRelease(); })),
       lost_(backend.lost.subscribe([this](std::string_view cause) { desktopIsGone(cause); })),
       suddenExit_(onSuddenExit([this] { desktopIsGone("the toolkit lost the X server"); })),
@@ -107,13 +109,13 @@ void DwellkeyApp::quitAfterRelease() {
     });
 }
 
-/// Opens the panel when the flag turned true. Turning false is the panel's own affair.
+/// Opens the panel when it came to be wanted. Leaving is the panel's own affair.
 void DwellkeyApp::followTimerView() {
-    const bool isVisible = timerManager_.isTimerViewVisible.get();
-    if (isVisible && !wasTimerViewVisible_) {
+    const bool isWanted = timerManager_.isPanelWanted();
+    if (isWanted && !wasTimerViewWanted_) {
         backend_.platform().windowHost.open("TimerView");
     }
-    wasTimerViewVisible_ = isVisible;
+    wasTimerViewWanted_ = isWanted;
 }
 
 } // namespace dwellkey

@@ -54,9 +54,10 @@ private:
     std::unique_ptr<PreferencesView> preferencesView_; // each made when it is first opened
     std::unique_ptr<IntroView> introView_;
     std::unique_ptr<AboutView> aboutView_;
-    bool wasTimerViewVisible_ = false;
+    bool wasTimerViewWanted_ = false;
     OncePerTurn followTimerViewOnce_;
     Subscription timerViewChanges_;
+    Subscription timerViewSteps_; // aside and back
     Subscription untilRelease_;
     Subscription terminationRequested_;
     Subscription lost_;

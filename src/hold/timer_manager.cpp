@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hold/timer_manager.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -28,7 +29,9 @@ TimerManager& TimerManager::shared() {
 
 TimerManager::TimerManager(Platform& platform, PreferencesViewModel& preferences)
     : preferencesViewModel(preferences), platform_(platform),
-      closeWindowScript_(platform.bundleReader.resourceText("CloseWindow", "scpt")) {}
+      closeWindowScript_(platform.bundleReader.resourceText("CloseWindow", "scpt")),
+      activation_(platform.workspace.didActivateApplication.subscribe(
+          [this](const auto&) { followFrontmost(); })) {}
 
 bool TimerManager::isFinderFrontmost() const {
     const auto frontmost = platform_.workspace.frontmostApplication();
@@ -38,8 +41,12 @@ bool TimerManager::isFinderFrontmost() const {
 void TimerManager::startTimer(CloseMethod method) {
     const bool closesWindow = method == CloseMethod::closeWindow || isFinderFrontmost();
     timerViewTitle = closesWindow ? "Hold to Close Window" : "Hold to Quit App";
+    isTimerViewAside = false;
     isTimerViewVisible = true;
-    hold_ = {hold_.number + 1, platform_.clock.now(), method};
+    hold_ = {hold_.number + 1,
+             platform_.clock.now(),
+             method,
+             {platform_.workspace.frontmostApplication()}};
     timer_ =
         platform_.runLoop.repeat(tickInterval, [this, number = hold_.number] { tick(number); });
 }
@@ -48,6 +55,29 @@ void TimerManager::stopHold() {
     timer_.cancel();
     progress = 0.0;
     isTimerViewVisible = false;
+}
+
+bool TimerManager::isRunning(std::uint64_t number) const {
+    return timer_.isActive() && hold_.number == number;
+}
+
+bool TimerManager::hasLostAnApplication() const {
+    return std::ranges::any_of(hold_.applications, [](const auto& application) {
+        return application != nullptr && application->isTerminated();
+    });
+}
+
+/// The user may switch between applications, and means the last one. But the one that comes to the
+/// front because the other ended was never meant.
+void TimerManager::followFrontmost() {
+    if (!timer_.isActive()) {
+        return;
+    }
+    if (hasLostAnApplication()) {
+        stopHold();
+    } else {
+        hold_.applications.push_back(platform_.workspace.frontmostApplication());
+    }
 }
 
 // A hundred times a second: allocates nothing.
@@ -60,14 +90,18 @@ void TimerManager::tick(std::uint64_t number) {
 }
 
 void TimerManager::confirmAndComplete(std::uint64_t number) {
+    // An application that ended may still be listed when the next one comes to the front, so it is
+    // looked for once more.
+    platform_.workspace.confirmFrontmostApplication();
+    const bool isStillMeant = !hasLostAnApplication();
     // What the keyboard has sent and nobody has read yet is delivered in here. A release ends this
     // hold, even if the process was too busy to see it in time; a press begins another one, which
     // has its own time to run.
     const bool keysAreDown = platform_.hotKeys.confirmPressed();
-    if (!timer_.isActive() || hold_.number != number) {
+    if (!isRunning(number)) {
         return;
     }
-    if (keysAreDown) {
+    if (keysAreDown && isStillMeant && preferencesViewModel.isFrontmostAppGuarded()) {
         completeHold();
     } else {
         stopHold();
@@ -122,12 +156,19 @@ void TimerManager::closeFrontWindow() {
     }
 }
 
+int TimerManager::runModal(const Alert& alert) {
+    isTimerViewAside = true;
+    const int response = platform_.alerts.runModal(alert);
+    isTimerViewAside = false;
+    return response;
+}
+
 void TimerManager::tellUnableToClose(std::string reason) {
     const Localizer& localizer = platform_.localizer;
-    platform_.alerts.runModal({localizer.localized("TimerManager", "Unable to Close Window"),
-                               std::move(reason),
-                               AlertStyle::warning,
-                               {localizer.localized("TimerManager", "OK")}});
+    runModal({localizer.localized("TimerManager", "Unable to Close Window"),
+              std::move(reason),
+              AlertStyle::warning,
+              {localizer.localized("TimerManager", "OK")}});
 }
 
 void TimerManager::requestAccessibility() {
@@ -135,7 +176,7 @@ void TimerManager::requestAccessibility() {
         return;
     }
     const Localizer& localizer = platform_.localizer;
-    const int response = platform_.alerts.runModal(
+    const int response = runModal(
         {localizer.localized("TimerManager", "Accessibility Permission Needed"),
          localizer.localized(
              "TimerManager",

@@ -9,14 +9,17 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace dwellkey {
 
 /// Idle, or holding: then the panel is visible and `progress` rises with the time since the key
 /// went down. At 1 the action is done to the application that is in front at that moment, provided
-/// that the keyboard confirms that the keys are still down. Main thread only.
+/// that it is in scope, and that the keyboard confirms that the keys are still down. An application
+/// that ends while it is meant takes the hold with it. Main thread only.
 class TimerManager : public ObservableObject {
 public:
     /// The process's instance, made on first use and never destroyed.
@@ -30,11 +33,18 @@ public:
     Published<double> progress{*this, 0.0};
     Published<bool> isTimerViewVisible{*this, false};
     Published<std::string> timerViewTitle{*this, "Hold to Quit App"};
+    /// True while an alert is open that came of the hold: its panel would cover it.
+    Published<bool> isTimerViewAside{*this, false};
 
     /// Not changed by the engine: a running hold carries its own method.
     CloseMethod closeMethod = CloseMethod::quitApp;
     /// Where the delay, the scope and the list are read from.
     PreferencesViewModel& preferencesViewModel;
+
+    /// Whether the panel belongs on the screen.
+    [[nodiscard]] bool isPanelWanted() const {
+        return isTimerViewVisible.get() && !isTimerViewAside.get();
+    }
 
     /// Begins a hold; one that is running is replaced and starts over from zero.
     void startTimer(CloseMethod method);
@@ -55,17 +65,24 @@ private:
         std::uint64_t number = 0; // tells a hold from those before it
         std::chrono::nanoseconds start{};
         CloseMethod method = CloseMethod::quitApp;
+        /// Those that were in front meanwhile, each of which the user may have meant.
+        std::vector<std::shared_ptr<RunningApplication>> applications;
     };
 
+    [[nodiscard]] bool isRunning(std::uint64_t number) const;
+    [[nodiscard]] bool hasLostAnApplication() const;
+    void followFrontmost();
     void tick(std::uint64_t number);
     void confirmAndComplete(std::uint64_t number);
     void completeHold();
     void act(CloseMethod method);
+    int runModal(const Alert& alert);
 
     Platform& platform_;
     std::optional<std::string> closeWindowScript_; // absent: reported when it is needed
     Hold hold_;                                    // the latest one, running or not
     Subscription timer_;                           // active: `hold_` is running
+    Subscription activation_;
 };
 
 } // namespace dwellkey

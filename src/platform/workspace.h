@@ -41,6 +41,9 @@ public:
     /// asked to quit.
     [[nodiscard]] virtual bool isFileManager() const = 0;
 
+    /// Whether the user has nothing of it any more: no window is left. Asks the display.
+    [[nodiscard]] virtual bool isTerminated() const = 0;
+
     /// Asks it, once, to quit in its own way: it may refuse or ask the user. Never forced.
     virtual void terminate() = 0;
 };
@@ -55,6 +58,9 @@ public:
     /// The application of the active window; null when no application is in front. Costs no
     /// conversation with the display.
     [[nodiscard]] virtual std::shared_ptr<RunningApplication> frontmostApplication() const = 0;
+
+    /// Asks the display itself who is in front. What is news is announced before this returns.
+    virtual void confirmFrontmostApplication() = 0;
 
     /// Those with windows, in the order in which their windows appeared: all, or the instances of
     /// one application.

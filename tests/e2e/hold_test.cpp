@@ -117,17 +117,16 @@ TEST_P(Hold, focusMovedDuringTheHold_theApplicationInFrontAtTheEndIsAsked) {
     EXPECT_EQ(front.count("close-request"), 0U);
 }
 
-TEST_P(Hold, applicationDiesDuringTheHold_nothingElseIsAsked) {
-    auto front = std::make_unique<Probe>(desktop);
+TEST_P(Hold, applicationEndsDuringTheHold_nothingElseIsAsked) {
+    Probe next(desktop, {"--class", "next"});
+    Probe front(desktop, {"--class", "front"});
     Dwellkey dwellkey(desktop, settings);
     dwellkey.awaitGuarding();
-    beginHold();
-    front.reset();
+    const TimePoint down = beginHold();
+    front.process().terminate();
     screen.awaitNoPanel();
+    EXPECT_TRUE(next.staysWithout("close-request", down + delay + afterthought));
     keyboard.releaseAll();
-    Probe next(desktop);
-    dwellkey.awaitGuarding();
-    EXPECT_EQ(next.count("close-request"), 0U);
     holdToTheEnd();
     EXPECT_EQ(next.process().awaitEnd(), (ExitStatus{0, {}}));
 }

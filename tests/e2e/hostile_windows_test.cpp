@@ -27,6 +27,30 @@ TEST_P(HostileWindows, windowThatCannotBeAskedToClose_isLeftAlone) {
     const TimePoint down = holdToTheEnd();
     EXPECT_TRUE(mute.staysWithout("quit", down + afterthought));
     EXPECT_TRUE(mute.process().isRunning());
+    beginHold(key::w);
+    screen.await("the alert to be in front", [&] {
+        const auto alert = screen.windowTitled("Dwellkey");
+        return alert && screen.activeWindow() == alert;
+    });
+    screen.awaitNoPanel(); // it would cover the alert while the keys are down
+}
+
+TEST_P(HostileWindows, rootWindowCalledActive_doesNotBlindUs) {
+    Probe first(desktop, {"--class", "first"});
+    Probe second(desktop, {"--class", "second"});
+    const XConnection liar(desktop.server().display());
+    const Window root = liar.root();
+    xcb_change_property(liar.get(), XCB_PROP_MODE_REPLACE, root, liar.atom("_NET_ACTIVE_WINDOW"),
+                        XCB_ATOM_WINDOW, 32, 1, &root);
+    liar.synchronize();
+    const Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding(); // nobody is in front
+    screen.activate(first.window());
+    dwellkey.awaitGuarding();
+    screen.activate(second.window());
+    holdToTheEnd();
+    EXPECT_EQ(second.process().awaitEnd(), (ExitStatus{0, {}}));
+    EXPECT_EQ(first.count("close-request"), 0U);
 }
 
 TEST_P(HostileWindows, nameFullOfScript_closesTheFrontWindowAndNothingElse) {

@@ -68,7 +68,7 @@ void TimerView::open() {
     }
     didSetupWindow_ = false;
     setUpWindow();
-    if (timerManager_.isTimerViewVisible.get()) {
+    if (timerManager_.isPanelWanted()) {
         show();
     }
 }
@@ -82,7 +82,7 @@ void TimerView::refresh() {
         fitToContent();
     }
     bar_->setProgress(timerManager_.progress.get());
-    if (isVisible() && !timerManager_.isTimerViewVisible.get()) {
+    if (isVisible() && !timerManager_.isPanelWanted()) {
         hide();
     }
 }

@@ -49,6 +49,7 @@ void FakeWorkspace::setFrontmost(const std::shared_ptr<RunningApplication>& appl
 
 void FakeWorkspace::quit(const std::shared_ptr<FakeRunningApplication>& application) {
     std::erase(running_, application);
+    application->terminated = true;
     if (frontmost_ == application) {
         setFrontmost(nullptr);
     }

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] const std::optional<Url>& bundleUrl() const override { return url; }
     [[nodiscard]] const std::optional<std::string>& localizedName() const override { return name; }
     [[nodiscard]] bool isFileManager() const override { return fileManager; }
+    [[nodiscard]] bool isTerminated() const override { return terminated; }
     void terminate() override {
         ++terminateCount;
         if (onTerminate) {
@@ -40,6 +41,7 @@ public:
     std::optional<std::string> name;
     std::optional<Url> url;
     bool fileManager = false;
+    bool terminated = false;
     int terminateCount = 0;
     /// What the application does when it is asked to quit; nothing: it refuses.
     std::function<void()> onTerminate;
@@ -49,6 +51,11 @@ class FakeWorkspace final : public Workspace {
 public:
     [[nodiscard]] std::shared_ptr<RunningApplication> frontmostApplication() const override {
         return frontmost_;
+    }
+    void confirmFrontmostApplication() override {
+        if (const auto unannounced = std::exchange(unannouncedFrontmost, nullptr)) {
+            setFrontmost(unannounced);
+        }
     }
     [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
     runningApplications() const override {
@@ -73,6 +80,9 @@ public:
     void setFrontmost(const std::shared_ptr<RunningApplication>& application);
     /// The application's process ended.
     void quit(const std::shared_ptr<FakeRunningApplication>& application);
+
+    /// Who is really in front while `frontmostApplication` still names another.
+    std::shared_ptr<RunningApplication> unannouncedFrontmost;
 
     std::map<std::string, Image> icons; // by path
     std::vector<std::string> openedUrls;

@@ -13,12 +13,13 @@ struct AtomName {
     std::string_view name;
 };
 
+constexpr std::uint8_t sentByAClient = 0x80; // set in the type of an event that SendEvent made
+
 constexpr auto atomNames = std::to_array<AtomName>({
     {&X11Atoms::netActiveWindow, "_NET_ACTIVE_WINDOW"},
     {&X11Atoms::netClientList, "_NET_CLIENT_LIST"},
     {&X11Atoms::netSupported, "_NET_SUPPORTED"},
     {&X11Atoms::netSupportingWmCheck, "_NET_SUPPORTING_WM_CHECK"},
-    {&X11Atoms::netCloseWindow, "_NET_CLOSE_WINDOW"},
     {&X11Atoms::netWmWindowType, "_NET_WM_WINDOW_TYPE"},
     {&X11Atoms::netWmWindowTypeDesktop, "_NET_WM_WINDOW_TYPE_DESKTOP"},
     {&X11Atoms::netWmWindowTypeDock, "_NET_WM_WINDOW_TYPE_DOCK"},
@@ -93,7 +94,8 @@ void X11Connection::drain() {
             break;
         }
         // Errors arrive here too; all our unchecked requests name windows that may be gone by now.
-        if (next->response_type != 0) {
+        const bool isSent = (next->response_type & sentByAClient) != 0;
+        if (next->response_type != 0 && !isSent) {
             event.emit(*next);
         }
     }
@@ -116,9 +118,24 @@ void X11Connection::drainLater() {
     });
 }
 
-void X11Connection::selectOnRoot(std::uint32_t eventMask) {
-    rootMask_ |= eventMask;
-    xcb_change_window_attributes(raw(), root_, XCB_CW_EVENT_MASK, &rootMask_);
+Subscription X11Connection::select(xcb_window_t window, std::uint32_t eventMask) {
+    const auto selection = selections_.emplace(window, eventMask);
+    applySelections(window);
+    return Subscription([this, alive = alive_, selection, window] {
+        if (*alive) {
+            selections_.erase(selection);
+            applySelections(window);
+        }
+    });
+}
+
+void X11Connection::applySelections(xcb_window_t window) const {
+    std::uint32_t mask = XCB_EVENT_MASK_NO_EVENT;
+    const auto [first, last] = selections_.equal_range(window);
+    for (auto at = first; at != last; ++at) {
+        mask |= at->second;
+    }
+    xcb_change_window_attributes(raw(), window, XCB_CW_EVENT_MASK, &mask);
     flush();
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
@@ -28,10 +29,10 @@ using XcbPtr = std::unique_ptr<Message, FreeDeleter>;
 
 /// The atoms that this backend speaks of, interned in one round trip.
 struct X11Atoms {
-    xcb_atom_t netActiveWindow, netClientList, netSupported, netSupportingWmCheck, netCloseWindow,
-        netWmWindowType, netWmWindowTypeDesktop, netWmWindowTypeDock, netWmWindowTypeNormal,
-        netWmState, netWmStateModal, wmProtocols, wmDeleteWindow, gtkApplicationId,
-        gtkUniqueBusName, gtkApplicationObjectPath;
+    xcb_atom_t netActiveWindow, netClientList, netSupported, netSupportingWmCheck, netWmWindowType,
+        netWmWindowTypeDesktop, netWmWindowTypeDock, netWmWindowTypeNormal, netWmState,
+        netWmStateModal, wmProtocols, wmDeleteWindow, gtkApplicationId, gtkUniqueBusName,
+        gtkApplicationObjectPath;
 };
 
 class X11Connection {
@@ -51,7 +52,8 @@ public:
     [[nodiscard]] xcb_window_t root() const { return root_; }
     [[nodiscard]] const X11Atoms& atoms() const { return atoms_; }
 
-    /// Every event, in the order of the server. A listener may wait for replies.
+    /// Every event of the server's own, in its order: what another client sent in its name is
+    /// nobody's word. A listener may wait for replies.
     Signal<const xcb_generic_event_t&> event;
 
     /// Emitted once when the server is gone.
@@ -66,11 +68,15 @@ public:
 
     void flush() const { xcb_flush(raw()); }
 
-    /// Adds to the events that we select on the root window.
-    void selectOnRoot(std::uint32_t eventMask);
+    /// Selects events on a window until the subscription ends, beside those that others of us
+    /// select there: a window may be several things at once, or be said to be.
+    [[nodiscard]] Subscription select(xcb_window_t window, std::uint32_t eventMask);
 
 private:
     X11Connection(xcb_connection_t* connection, int screen);
+
+    using Selections = std::multimap<xcb_window_t, std::uint32_t>; // the server knows their union
+    void applySelections(xcb_window_t window) const;
 
     struct Disconnect {
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
@@ -80,7 +86,7 @@ private:
     std::unique_ptr<xcb_connection_t, Disconnect> connection_;
     xcb_window_t root_ = XCB_WINDOW_NONE;
     X11Atoms atoms_{};
-    std::uint32_t rootMask_ = 0;
+    Selections selections_;
     bool drainPosted_ = false;
     bool isLost_ = false;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // for posted tasks

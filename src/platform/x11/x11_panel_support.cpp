@@ -54,9 +54,8 @@ bool X11PanelSupport::isComposited() const {
 void X11PanelSupport::keepAbove(std::uint32_t nativeWindow) {
     raisesLeft_.clear(); // a panel has one window at a time
     raisesLeft_[nativeWindow] = raisesPerShowing;
-    const std::uint32_t mask = XCB_EVENT_MASK_VISIBILITY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(connection_.raw(), nativeWindow, XCB_CW_EVENT_MASK, &mask);
-    connection_.flush();
+    panelEvents_ = connection_.select(nativeWindow, XCB_EVENT_MASK_VISIBILITY_CHANGE
+                                                        | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
 }
 
 void X11PanelSupport::blurBehind(std::uint32_t nativeWindow) {

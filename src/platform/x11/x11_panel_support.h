@@ -27,6 +27,7 @@ private:
     xcb_atom_t compositingManager_ = XCB_ATOM_NONE; // the selection that a compositor owns
     xcb_atom_t blurRegion_ = XCB_ATOM_NONE;
     std::map<xcb_window_t, int> raisesLeft_; // of the windows kept above
+    Subscription panelEvents_;
     Subscription events_;
 };
 

@@ -162,8 +162,7 @@ bool X11Windows::hasCapableWindowManager() const {
         requestProperty(connection_, connection_.root(), atoms.netSupportingWmCheck);
     const auto supported = propertyItems(awaitProperty(connection_, supportedCookie).get());
     const auto check = propertyItems(awaitProperty(connection_, checkCookie).get());
-    if (check.empty() || !contains(supported, atoms.netActiveWindow)
-        || !contains(supported, atoms.netCloseWindow)) {
+    if (check.empty() || !contains(supported, atoms.netActiveWindow)) {
         return false;
     }
     // A window manager that died leaves the root's properties behind, but not its own window.

@@ -60,12 +60,24 @@ bool X11RunningApplication::isSameApplication(const X11RunningApplication& other
     return identity_ == other.identity_ && belongsTogether(windows_, window_, other.window_);
 }
 
+/// First by the window that was in front, which mostly answers for all.
+bool X11RunningApplication::isTerminated() const {
+    const auto isItsOwn = [this](const X11Window& window) {
+        return window.exists && !window.isDesktop && !window.isDock
+               && belongsTogether(windows_, window, window_);
+    };
+    const std::vector<xcb_window_t> clients = windows_.clientWindows();
+    const bool isManaged = std::ranges::find(clients, window_.id) != clients.end();
+    return !(isManaged && isItsOwn(windows_.describe(window_.id)))
+           && std::ranges::none_of(windows_.describe(clients), isItsOwn);
+}
+
 X11Workspace::X11Workspace(X11Connection& connection, const ApplicationIdentifier& identifier,
                            ApplicationActions& actions, WorkspaceServices services)
     : connection_(connection), windows_(connection), identifier_(identifier), actions_(actions),
       services_(std::move(services)),
       events_(connection.event.subscribe([this](const auto& event) { handleEvent(event); })) {
-    connection_.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    rootEvents_ = connection_.select(connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     followWindowManager();
     followClientWindows();
     followActiveWindow();
@@ -109,6 +121,7 @@ bool X11Workspace::isOurs(const X11Window& window) {
 }
 
 std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view applicationName) {
+    followActiveWindow(); // the display's own word at the last moment
     if (!frontmost_ || frontmost_->localizedName() != applicationName) {
         return "\"" + std::string(applicationName) + "\" is not the application in front";
     }
@@ -156,9 +169,10 @@ void X11Workspace::handleRootChange(xcb_atom_t property) {
 
 void X11Workspace::followWindowManager() {
     windowManager_ = windows_.windowManagerWindow();
-    if (windowManager_ != XCB_WINDOW_NONE) {
-        select(windowManager_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    }
+    windowManagerEvents_ =
+        windowManager_ == XCB_WINDOW_NONE
+            ? Subscription()
+            : connection_.select(windowManager_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
 }
 
 /// What it said of the active window stays written there, but is nobody's word any more.
@@ -175,23 +189,16 @@ bool X11Workspace::tellsWhoseItIs(xcb_atom_t property) const {
            || property == atoms.gtkUniqueBusName || property == atoms.gtkApplicationObjectPath;
 }
 
-void X11Workspace::select(xcb_window_t window, std::uint32_t eventMask) const {
-    xcb_change_window_attributes(connection_.raw(), window, XCB_CW_EVENT_MASK, &eventMask);
-    connection_.flush();
-}
-
 void X11Workspace::followActiveWindow() {
     // Also when the number is the same as before: it may be another program's by now.
     setActiveWindow(windows_.activeWindow());
 }
 
 void X11Workspace::setActiveWindow(xcb_window_t window) {
-    if (window != activeWindow_ && activeWindow_ != XCB_WINDOW_NONE) {
-        select(activeWindow_, XCB_EVENT_MASK_NO_EVENT);
-    }
-    if (window != XCB_WINDOW_NONE) {
-        select(window, XCB_EVENT_MASK_PROPERTY_CHANGE); // before looking, so nothing is missed
-    }
+    // Before looking, so nothing is missed.
+    activeWindowEvents_ = window == XCB_WINDOW_NONE
+                              ? Subscription()
+                              : connection_.select(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
     X11Window described = window == XCB_WINDOW_NONE ? X11Window{} : windows_.describe(window);
     // A window that is gone was only named: its number may come back as another program's.
     activeWindow_ = described.exists ? window : xcb_window_t{XCB_WINDOW_NONE};
@@ -235,6 +242,9 @@ void X11Workspace::followClientWindows() {
 std::shared_ptr<X11RunningApplication> X11Workspace::applicationOf(X11Window window) const {
     if (!window.exists || window.isDesktop || window.isDock) {
         return nullptr; // clicking the desktop or a panel puts no application in front
+    }
+    if (window.id == connection_.root() || window.id == windowManager_) {
+        return nullptr; // said to be active, but nobody's
     }
     WindowFacts facts;
     facts.classInstance = window.classInstance;

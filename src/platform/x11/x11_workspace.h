@@ -38,6 +38,7 @@ public:
         return identity_.localizedName;
     }
     [[nodiscard]] bool isFileManager() const override { return identity_.isFileManager; }
+    [[nodiscard]] bool isTerminated() const override;
     void terminate() override;
 
     [[nodiscard]] bool isSameApplication(const X11RunningApplication& other) const;
@@ -66,6 +67,7 @@ public:
     [[nodiscard]] std::shared_ptr<RunningApplication> frontmostApplication() const override {
         return frontmost_;
     }
+    void confirmFrontmostApplication() override { followActiveWindow(); }
     [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
     runningApplications() const override;
     [[nodiscard]] std::vector<std::shared_ptr<RunningApplication>>
@@ -89,7 +91,6 @@ private:
     void followWindowManager();
     void windowManagerIsGone();
     [[nodiscard]] bool tellsWhoseItIs(xcb_atom_t property) const;
-    void select(xcb_window_t window, std::uint32_t eventMask) const;
     void followActiveWindow();
     void setActiveWindow(xcb_window_t window);
     void followClientWindows();
@@ -106,6 +107,9 @@ private:
     std::shared_ptr<X11RunningApplication> frontmost_;
     bool activatesOurNextWindow_ = false;
     std::map<xcb_window_t, std::optional<pid_t>> clients_; // with the process of desktop windows
+    Subscription rootEvents_;
+    Subscription windowManagerEvents_;
+    Subscription activeWindowEvents_;
     Subscription events_;
 };
 

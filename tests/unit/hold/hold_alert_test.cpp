@@ -36,6 +36,7 @@ TEST_F(HoldAlert, releaseUnderTheAlert_hidesThePanelAtOnce) {
     desktop_.scriptHost.executionError = Script::Error{"refused"};
     duringFirstAlert([this] {
         EXPECT_TRUE(timer_.isTimerViewVisible) << "the action comes first";
+        EXPECT_FALSE(timer_.isPanelWanted()) << "it would cover the alert";
         releaseClose();
         expectIdle();
     });
@@ -50,6 +51,7 @@ TEST_F(HoldAlert, newHoldUnderTheAlert_outlivesTheOldOne) {
     duringFirstAlert([this] {
         releaseClose();
         pressQuit();
+        EXPECT_TRUE(timer_.isPanelWanted());
         advance(1s);
     });
     pressClose();

@@ -119,6 +119,48 @@ TEST_F(HoldTiming, frontmostChangedMidHold_actsOnTheNewOne) {
     EXPECT_EQ(other->terminateCount, 1);
 }
 
+TEST_F(HoldTiming, frontmostOutOfScopeAtTheEnd_actsOnNobody) {
+    exclude("other");
+    pressQuit();
+    advance(1s);
+    const auto other = inFront("other");
+    advance(1s);
+    expectIdle();
+    EXPECT_EQ(editor_->terminateCount + other->terminateCount, 0);
+}
+
+TEST_F(HoldTiming, applicationEnds_takesItsHoldWithIt) {
+    const auto next = desktop_.workspace.launch("next");
+    pressQuit();
+    advance(1s);
+    editor_->terminated = true;
+    desktop_.workspace.setFrontmost(next);
+    expectIdle();
+    advance(5s);
+    EXPECT_EQ(next->terminateCount, 0);
+}
+
+TEST_F(HoldTiming, applicationStillListedWhenTheNextOneComesToTheFront_isMissedAtTheEnd) {
+    const auto next = desktop_.workspace.launch("next");
+    pressQuit();
+    advance(1s);
+    desktop_.workspace.setFrontmost(next);
+    editor_->terminated = true;
+    advance(1s);
+    expectIdle();
+    EXPECT_EQ(next->terminateCount, 0);
+}
+
+TEST_F(HoldTiming, displayContradictsAboutTheFrontmost_actsOnWhoReallyIs) {
+    const auto other = desktop_.workspace.launch("other");
+    pressQuit();
+    advance(1s);
+    desktop_.workspace.unannouncedFrontmost = other;
+    advance(1s);
+    EXPECT_EQ(editor_->terminateCount, 0);
+    EXPECT_EQ(other->terminateCount, 1);
+}
+
 TEST_F(HoldTiming, nothingInFrontAtTheEnd_endsQuietly) {
     pressQuit();
     advance(1s);

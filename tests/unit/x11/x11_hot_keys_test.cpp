@@ -213,6 +213,31 @@ TEST_F(X11HotKeysTest, latchedModifier_isHeldAsLongAsTheKey) {
     EXPECT_THAT(events, ElementsAre(quitPressed, quitReleased));
 }
 
+TEST_F(X11HotKeysTest, keysThatAnotherProgramSent_areNobodys) {
+    ASSERT_EQ(registerQuit(), noErr);
+    const auto root = rig.connection->root();
+    const auto listening = rig.connection->select(root, XCB_EVENT_MASK_PROPERTY_CHANGE);
+    const auto forge = [&](std::uint8_t type, xcb_keycode_t key) {
+        xcb_key_press_event_t forged{};
+        forged.response_type = type;
+        forged.detail = key;
+        forged.event = forged.root = root;
+        forged.state = control;
+        xcb_send_event(rig.otherProgram.connection().get(), 0, root, XCB_EVENT_MASK_PROPERTY_CHANGE,
+                       reinterpret_cast<const char*>(&forged)); // NOLINT: xcb's way
+        rig.otherProgram.connection().synchronize();
+        rig.settle();
+    };
+    forge(XCB_KEY_PRESS, e2e::key::q);
+    EXPECT_THAT(events, IsEmpty());
+    pressQuit();
+    forge(XCB_KEY_RELEASE, e2e::key::q);
+    forge(XCB_KEY_RELEASE, leftControl);
+    EXPECT_THAT(events, ElementsAre(quitPressed));
+    EXPECT_TRUE(hotKeys.confirmPressed());
+    releaseQuit();
+}
+
 // While the process is stalled the server's map already tells the end of the story.
 
 TEST_F(X11HotKeysTest, modifierReleasedBeforeThePressWasRead_endsTheHold) {

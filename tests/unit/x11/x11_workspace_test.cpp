@@ -75,9 +75,11 @@ public:
         check_ = bareWindow();
         set(check_, "_NET_SUPPORTING_WM_CHECK", {check_});
         set(x_.root(), "_NET_SUPPORTED",
-            {x_.atom("_NET_ACTIVE_WINDOW"), x_.atom("_NET_CLOSE_WINDOW")});
+            {x_.atom("_NET_ACTIVE_WINDOW")}); // closing asks the window, not the manager
         set(x_.root(), "_NET_SUPPORTING_WM_CHECK", {check_});
     }
+    [[nodiscard]] xcb_window_t windowManagersWindow() const { return check_; }
+    [[nodiscard]] xcb_window_t root() const { return x_.root(); }
     void crashTheWindowManager() {
         xcb_destroy_window(x_.get(), check_);
         x_.synchronize();
@@ -203,6 +205,43 @@ TEST_F(X11WorkspaceTest, desktopAndDockWindows_areNobodys) {
     EXPECT_EQ(inFront(), "nobody");
     activate(client_.open({.className = "Panel", .type = "DOCK"}));
     EXPECT_EQ(inFront(), "nobody");
+}
+
+TEST_F(X11WorkspaceTest, windowsThatAreNoApplications_mayBeCalledActiveWithoutHarm) {
+    client_.manage();
+    settle();
+    const auto editor = client_.open({.className = "Editor"});
+    for (const auto window : {client_.root(), client_.windowManagersWindow()}) {
+        activate(editor);
+        activate(window);
+        EXPECT_EQ(inFront(), "nobody");
+    }
+    activate(editor);
+    EXPECT_EQ(inFront(), "Editor") << "our own subscription to the root window is lost";
+    client_.crashTheWindowManager();
+    settle();
+    EXPECT_EQ(inFront(), "nobody") << "our own subscription to the manager's window is lost";
+}
+
+TEST_F(X11WorkspaceTest, confirming_needsNoEvent) {
+    activate(client_.open({.className = "Editor"}));
+    client_.activate(client_.open({.className = "Player"}));
+    workspace_.confirmFrontmostApplication();
+    EXPECT_EQ(inFront(), "Player");
+    EXPECT_THAT(activations_, ElementsAre("Editor", "Player"));
+}
+
+TEST_F(X11WorkspaceTest, application_isTerminatedWhenNoWindowOfItIsLeft) {
+    client_.open({.type = "DESKTOP"});
+    const auto other = client_.open();
+    const auto front = client_.open();
+    activate(front);
+    const auto application = workspace_.frontmostApplication();
+    EXPECT_FALSE(application->isTerminated());
+    client_.close(front);
+    EXPECT_FALSE(application->isTerminated()) << "one is left";
+    client_.close(other);
+    EXPECT_TRUE(application->isTerminated());
 }
 
 TEST_F(X11WorkspaceTest, process_isTheServersWordAndNotTheClients) {
