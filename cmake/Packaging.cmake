@@ -67,7 +67,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6") # a plug-in: the libraries do not tell of it
+# A plug-in: the libraries do not tell of it. Until Debian 12 it came with the library.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
 # The tray and reopening, the symbols of the modifier keys, the toolkit's own texts, GTK desktops' look.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "default-dbus-session-bus | dbus-session-bus, fonts-dejavu-core, qt6-gtk-platformtheme, \

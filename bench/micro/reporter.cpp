@@ -2,9 +2,23 @@
 #include "micro/reporter.h"
 
 #include <iostream>
+#include <string>
 #include <utility>
 
 namespace dwellkey::bench {
+namespace {
+
+/// Why a run was given up; empty when it was not. The library renamed what says so in 1.8.
+template <typename Run>
+std::string problemOf(const Run& run) {
+    if constexpr (requires { run.error_occurred; }) {
+        return run.error_occurred ? run.error_message : std::string();
+    } else {
+        return run.skipped ? run.skip_message : std::string();
+    }
+}
+
+} // namespace
 
 Reporter::Reporter(Report& report, Goals goals) : report_(report), goals_(std::move(goals)) {}
 
@@ -17,8 +31,8 @@ void Reporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         row.what = run.run_name.function_name;
         row.unit = benchmark::GetTimeUnitString(run.time_unit);
-        if (run.error_occurred) {
-            std::cerr << row.what << ": " << run.error_message << '\n';
+        if (const std::string problem = problemOf(run); !problem.empty()) {
+            std::cerr << row.what << ": " << problem << '\n';
             hasFailed_ = true;
             return;
         }

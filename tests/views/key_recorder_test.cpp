@@ -195,7 +195,8 @@ TEST_F(KeyRecorderTest,
     Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
     EXPECT_FALSE(isRecording());
     shortcut.click();
-    Q_EMIT qGuiApp->aboutToQuit({}); // or the stored shortcut would be lost
+    // The toolkit alone may emit it; by its name anybody can.
+    ASSERT_TRUE(QMetaObject::invokeMethod(qGuiApp, "aboutToQuit", Qt::DirectConnection));
     EXPECT_THAT(registered(), ElementsAre(commandQ));
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <memory>
 
 namespace dwellkey {
@@ -48,6 +49,14 @@ void endElement(void* data, const XML_Char* /*name*/) {
     build.open.back().children.push_back(std::move(element));
 }
 
+std::uint64_t currentLine(XML_Parser parser) {
+#ifdef XML_ATTR_DEPRECATED // it counts in 64 bits and deprecates the only way of older ones
+    return XML_GetCurrentLineNumber64(parser);
+#else
+    return XML_GetCurrentLineNumber(parser);
+#endif
+}
+
 } // namespace
 
 std::string_view XmlElement::attribute(std::string_view attributeName) const {
@@ -76,8 +85,7 @@ std::variant<XmlElement, XmlProblem> parseXml(std::string_view text) {
         != XML_STATUS_OK) {
         const std::string reason =
             build.isTooDeep ? "too deeply nested" : XML_ErrorString(XML_GetErrorCode(parser.get()));
-        return XmlProblem{"line " + std::to_string(XML_GetCurrentLineNumber(parser.get())) + ": "
-                          + reason};
+        return XmlProblem{"line " + std::to_string(currentLine(parser.get())) + ": " + reason};
     }
     return std::move(build.open.front().children.front());
 }
