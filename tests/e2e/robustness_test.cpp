@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Neighbours that fail, and failing without harm to them.
 #include "end_to_end.h"
-#include "harness/failure.h"
+#include "stalling_bus.h"
 
 #include <csignal>
-#include <filesystem>
 #include <memory>
 #include <set>
 #include <sstream>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace dwellkey::e2e {
 
@@ -18,30 +14,6 @@ class Robustness : public EndToEnd {
 protected:
     const Settings settings{.delay = 0.85, .guardsCloseWindow = true};
     const Milliseconds delay = settings.delayInMilliseconds();
-};
-
-/// A socket that lets everybody connect and never says a word.
-class MuteSocket {
-public:
-    explicit MuteSocket(const std::filesystem::path& path)
-        : path_(path), socket_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un name{};
-        name.sun_family = AF_UNIX;
-        path.string().copy(name.sun_path, sizeof name.sun_path - 1);
-        if (::bind(socket_, reinterpret_cast<const sockaddr*>(&name), sizeof name) != 0 // NOLINT
-            || ::listen(socket_, 8) != 0) {
-            throw Failure("no socket can be made at " + path.string());
-        }
-    }
-    MuteSocket(const MuteSocket&) = delete;
-    MuteSocket& operator=(const MuteSocket&) = delete;
-    ~MuteSocket() { ::close(socket_); }
-
-    [[nodiscard]] std::string address() const { return "unix:path=" + path_.string(); }
-
-private:
-    std::filesystem::path path_;
-    int socket_;
 };
 
 /// The different lines of the log that hold the text.
@@ -146,15 +118,21 @@ TEST_P(Robustness, windowManagerGoneForGood_leavesEveryKeyToTheApplications) {
     dwellkey.awaitGuarding();
 }
 
-TEST_P(Robustness, sessionBusThatNeverAnswers_doesNotHoldUpAnything) {
-    Probe probe(desktop);
-    const MuteSocket bus(desktop.folder("data") / "mute-bus");
-    const Dwellkey dwellkey(
-        desktop, settings,
-        {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"DBUS_SYSTEM_BUS_ADDRESS", bus.address()}});
-    dwellkey.awaitGuarding();
-    holdToTheEnd();
-    EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
+TEST_P(Robustness, busesThatStall_holdUpNeitherTheKeysNorTheEnd) {
+    for (const auto stalls : {StallingBus::After::nothing, StallingBus::After::greeting,
+                              StallingBus::After::firstCall}) {
+        SCOPED_TRACE(static_cast<int>(stalls));
+        Probe probe(desktop);
+        const StallingBus bus(desktop.folder("data") / "stalling-bus", stalls);
+        Dwellkey dwellkey(desktop, settings,
+                          {{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
+                           {"DBUS_SYSTEM_BUS_ADDRESS", bus.address()}});
+        dwellkey.awaitGuarding();
+        holdToTheEnd();
+        EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
+        dwellkey.process().signal(SIGTERM);
+        dwellkey.process().awaitEnd(Milliseconds(10'000)); // far less than the toolkit's patience
+    }
 }
 
 TEST_P(Robustness, windowManagerRestartedDuringAHold_holdEndsAndTheNextOneWorks) {

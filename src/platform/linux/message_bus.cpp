@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <poll.h>
 #include <string>
@@ -60,6 +62,66 @@ std::string greeting() {
     return text + "\r\n";
 }
 
+void align(std::string& message) {
+    message.resize((message.size() + 7) / 8 * 8);
+}
+
+/// A call to the bus itself in the protocol's own form: little-endian, every part of the header on
+/// a multiple of eight bytes.
+std::string callToBus(char serial, std::string_view method) {
+    std::string fields;
+    const auto add = [&fields](char code, char type, std::string_view text) {
+        align(fields);
+        fields += {code, 1, type, 0, static_cast<char>(text.size()), 0, 0, 0};
+        fields.append(text) += '\0';
+    };
+    add(1, 'o', "/org/freedesktop/DBus"); // path
+    add(2, 's', "org.freedesktop.DBus");  // interface
+    add(3, 's', method);
+    add(6, 's', "org.freedesktop.DBus"); // destination
+    constexpr char methodCall = 1, protocolVersion = 1;
+    std::string message{'l', methodCall, 0, protocolVersion, 0, 0, 0, 0, serial, 0, 0, 0};
+    message += {static_cast<char>(fields.size()), 0, 0, 0};
+    message += fields;
+    align(message);
+    return message;
+}
+
+/// How the header of an answer names the call that it is to.
+std::string answersTo(std::uint32_t serial) {
+    std::string field("\5\1u\0", 4);
+    std::array<char, sizeof serial> bytes{};
+    std::memcpy(bytes.data(), &serial, sizeof serial); // a bus speaks as its machine does
+    return field.append(bytes.data(), bytes.size());
+}
+
+bool say(int socket, const std::string& text) {
+    return ::send(socket, text.data(), text.size(), MSG_NOSIGNAL)
+           == static_cast<ssize_t>(text.size());
+}
+
+/// What comes from the other side up to the one that is waited for; absent when that does not come
+/// in time.
+std::optional<std::string> hear(int socket, std::string_view awaited,
+                                std::chrono::steady_clock::time_point deadline) {
+    std::string heard;
+    while (heard.find(awaited) == std::string::npos) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+            deadline - std::chrono::steady_clock::now());
+        pollfd readable{socket, POLLIN, 0};
+        std::array<char, 512> text{};
+        if (left.count() <= 0 || ::poll(&readable, 1, static_cast<int>(left.count())) != 1) {
+            return std::nullopt;
+        }
+        const auto size = ::recv(socket, text.data(), text.size(), 0);
+        if (size <= 0) {
+            return std::nullopt;
+        }
+        heard.append(text.data(), static_cast<std::size_t>(size));
+    }
+    return heard;
+}
+
 std::string environment(const char* variable) {
     const char* value = std::getenv(variable);
     return value == nullptr ? std::string() : std::string(value);
@@ -76,15 +138,17 @@ bool busAnswers(std::string_view address, std::chrono::milliseconds patience) {
                != 0) {
         return false;
     }
-    const std::string hello = greeting();
-    if (::send(socket.get(), hello.data(), hello.size(), MSG_NOSIGNAL)
-        != static_cast<ssize_t>(hello.size())) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    if (!say(socket.get(), greeting())) {
         return false;
     }
-    pollfd answer{socket.get(), POLLIN, 0};
-    std::array<char, 64> text{};
-    return ::poll(&answer, 1, static_cast<int>(patience.count())) == 1
-           && ::recv(socket.get(), text.data(), text.size(), 0) > 0;
+    const auto welcome = hear(socket.get(), "\r\n", deadline);
+    if (!welcome || !welcome->starts_with("OK")) {
+        return welcome
+            .has_value(); // it wants to know us otherwise, which is the toolkit's business
+    }
+    return say(socket.get(), "BEGIN\r\n" + callToBus(1, "Hello") + callToBus(2, "GetId"))
+           && hear(socket.get(), answersTo(2), deadline).has_value();
 }
 
 void avoidMuteBuses(std::chrono::milliseconds patience) {

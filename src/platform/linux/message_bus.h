@@ -6,9 +6,9 @@
 
 namespace dwellkey {
 
-/// Whether somebody answers at this D-Bus address ("unix:path=...", "unix:abstract=..."; of several
-/// the first is asked) before the time is over. A bus that runs does so in well under a
-/// millisecond.
+/// Whether somebody lets us in at this D-Bus address ("unix:path=...", "unix:abstract=..."; of
+/// several the first is asked) and answers the first calls before the time is over. A bus that runs
+/// does so in about a millisecond.
 bool busAnswers(std::string_view address, std::chrono::milliseconds patience);
 
 /// Takes buses that do not answer out of this process's environment: whoever connects to one waits

@@ -6,7 +6,9 @@
 namespace dwellkey {
 
 void QtSessionLock::start() {
-    QDBusConnection::systemBus().connect(QStringLiteral("org.freedesktop.login1"), QString(),
+    // From whatever sender: naming one would make the toolkit ask, and wait, who that is. Somebody
+    // who lies about it ends a hold and does nothing else.
+    QDBusConnection::systemBus().connect(QString(), QString(),
                                          QStringLiteral("org.freedesktop.login1.Session"),
                                          QStringLiteral("Lock"), this, SLOT(lockRequested()));
     for (const char* interface :
