@@ -441,6 +441,17 @@
     </message>
 </context>
 <context>
+    <name>X11Workspace</name>
+    <message>
+        <source>The window manager of this session does not tell which window is in front.</source>
+        <translation>Die Fensterverwaltung dieser Sitzung gibt nicht an, welches Fenster im Vordergrund ist.</translation>
+    </message>
+    <message>
+        <source>No window manager is running that could tell which window is in front.</source>
+        <translation>Es läuft keine Fensterverwaltung, die angeben könnte, welches Fenster im Vordergrund ist.</translation>
+    </message>
+</context>
+<context>
     <name>dwellkey::ApplicationPicker</name>
     <message>
         <source>Running</source>

@@ -441,6 +441,17 @@
     </message>
 </context>
 <context>
+    <name>X11Workspace</name>
+    <message>
+        <source>The window manager of this session does not tell which window is in front.</source>
+        <translation>O gerenciador de janelas desta sessão não informa qual janela está na frente.</translation>
+    </message>
+    <message>
+        <source>No window manager is running that could tell which window is in front.</source>
+        <translation>Não há nenhum gerenciador de janelas em execução que possa informar qual janela está na frente.</translation>
+    </message>
+</context>
+<context>
     <name>dwellkey::ApplicationPicker</name>
     <message>
         <source>Running</source>

@@ -112,7 +112,7 @@ public:
                ErrorLog& errorLog)
         : connection_(std::move(connection)), toolkit_(argc, argv),
           linux_(runLoop_, localizer_, errorLog),
-          workspace_(*connection_, linux_.identifier, actions_,
+          workspace_(*connection_, linux_.identifier, actions_, localizer_,
                      {[this](const std::string& path) { return linux_.bundleReader.icon(path); },
                       openUrl, [this] { terminationRequested.emit(); }}),
           scriptHost_(workspace_), hotKeys_(*connection_, runLoop_, errorLog),

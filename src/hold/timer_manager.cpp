@@ -172,7 +172,12 @@ void TimerManager::tellUnableToClose(std::string reason) {
 }
 
 void TimerManager::requestAccessibility() {
-    if (platform_.accessibilityTrust.isProcessTrusted()) {
+    const auto lack = platform_.accessibilityTrust.lack();
+    if (!lack) {
+        return;
+    }
+    if (!lack->canBeGranted) {
+        tellUnableToClose(lack->reason);
         return;
     }
     const Localizer& localizer = platform_.localizer;

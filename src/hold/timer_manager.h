@@ -54,8 +54,8 @@ public:
     /// Closes the frontmost application's front window now. Tells the user, in a modal alert, when
     /// that needs a permission or fails; so it may run a nested loop.
     void closeFrontWindow();
-    /// Offers, in a modal alert, the settings page that grants the permission; nothing when it is
-    /// granted.
+    /// Tells the user, in a modal alert, what is lacking to close windows, and offers the settings
+    /// page that grants it where there is one; nothing when nothing is lacking.
     void requestAccessibility();
     void tellUnableToClose(std::string reason);
     [[nodiscard]] bool isFinderFrontmost() const;

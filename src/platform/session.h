@@ -39,13 +39,22 @@ public:
 /// Whether this session lets us close the windows of other programs.
 class AccessibilityTrust {
 public:
+    /// What keeps us from it.
+    struct Lack {
+        std::string reason; // a sentence for the user, in their language
+        /// Whether the user can change that on the settings page that grants the permission.
+        bool canBeGranted = false;
+    };
+
     AccessibilityTrust() = default;
     AccessibilityTrust(const AccessibilityTrust&) = delete;
     AccessibilityTrust& operator=(const AccessibilityTrust&) = delete;
     virtual ~AccessibilityTrust() = default;
 
-    /// Never prompts.
-    [[nodiscard]] virtual bool isProcessTrusted() const = 0;
+    /// Absent when nothing is lacking. Never prompts.
+    [[nodiscard]] virtual std::optional<Lack> lack() const = 0;
+
+    [[nodiscard]] bool isProcessTrusted() const { return !lack(); }
 };
 
 /// A compiled script.

@@ -45,9 +45,12 @@ public:
 
 class FakeAccessibilityTrust final : public AccessibilityTrust {
 public:
-    [[nodiscard]] bool isProcessTrusted() const override { return trusted; }
+    [[nodiscard]] std::optional<Lack> lack() const override {
+        return trusted ? std::nullopt : std::optional(whatIsLacking);
+    }
 
     bool trusted = true;
+    Lack whatIsLacking{"The permission was not granted.", true};
 };
 
 class FakeScriptHost final : public ScriptHost {

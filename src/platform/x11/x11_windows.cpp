@@ -154,7 +154,7 @@ xcb_window_t X11Windows::windowManagerWindow() const {
     return items.empty() ? xcb_window_t{XCB_WINDOW_NONE} : items.front();
 }
 
-bool X11Windows::hasCapableWindowManager() const {
+WindowManagement X11Windows::windowManagement() const {
     const auto& atoms = connection_.atoms();
     const auto supportedCookie =
         requestProperty(connection_, connection_.root(), atoms.netSupported);
@@ -162,15 +162,19 @@ bool X11Windows::hasCapableWindowManager() const {
         requestProperty(connection_, connection_.root(), atoms.netSupportingWmCheck);
     const auto supported = propertyItems(awaitProperty(connection_, supportedCookie).get());
     const auto check = propertyItems(awaitProperty(connection_, checkCookie).get());
-    if (check.empty() || !contains(supported, atoms.netActiveWindow)) {
-        return false;
+    if (check.empty()) {
+        return WindowManagement::none;
     }
     // A window manager that died leaves the root's properties behind, but not its own window.
     const auto own =
         propertyItems(awaitProperty(connection_, requestProperty(connection_, check.front(),
                                                                  atoms.netSupportingWmCheck))
                           .get());
-    return own == check;
+    if (own != check) {
+        return WindowManagement::none;
+    }
+    return contains(supported, atoms.netActiveWindow) ? WindowManagement::complete
+                                                      : WindowManagement::withoutActiveWindow;
 }
 
 bool X11Windows::haveSameClient(xcb_window_t one, xcb_window_t other) const {

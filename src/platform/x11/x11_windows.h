@@ -29,6 +29,8 @@ struct X11Window {
     bool acceptsDelete = false; // speaks WM_DELETE_WINDOW
 };
 
+enum class WindowManagement { none, withoutActiveWindow, complete };
+
 /// Waits for its answers; events that arrive meanwhile are dispatched in a later turn.
 class X11Windows {
 public:
@@ -47,8 +49,8 @@ public:
     /// The window that the window manager keeps while it runs; none without one.
     [[nodiscard]] xcb_window_t windowManagerWindow() const;
 
-    /// Whether a window manager runs that tells who is active and lets us close windows.
-    [[nodiscard]] bool hasCapableWindowManager() const;
+    /// Whether a window manager runs, and whether it tells which window is active.
+    [[nodiscard]] WindowManagement windowManagement() const;
 
     /// Whether two windows belong to one client of the server.
     [[nodiscard]] bool haveSameClient(xcb_window_t one, xcb_window_t other) const;

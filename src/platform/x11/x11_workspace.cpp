@@ -73,9 +73,10 @@ bool X11RunningApplication::isTerminated() const {
 }
 
 X11Workspace::X11Workspace(X11Connection& connection, const ApplicationIdentifier& identifier,
-                           ApplicationActions& actions, WorkspaceServices services)
+                           ApplicationActions& actions, const Localizer& localizer,
+                           WorkspaceServices services)
     : connection_(connection), windows_(connection), identifier_(identifier), actions_(actions),
-      services_(std::move(services)),
+      localizer_(localizer), services_(std::move(services)),
       events_(connection.event.subscribe([this](const auto& event) { handleEvent(event); })) {
     rootEvents_ = connection_.select(connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     followWindowManager();
@@ -133,8 +134,19 @@ std::optional<std::string> X11Workspace::closeFrontWindow(std::string_view appli
     return std::nullopt;
 }
 
-bool X11Workspace::isProcessTrusted() const {
-    return windows_.hasCapableWindowManager();
+std::optional<AccessibilityTrust::Lack> X11Workspace::lack() const {
+    switch (windows_.windowManagement()) {
+    case WindowManagement::complete:
+        return std::nullopt;
+    case WindowManagement::withoutActiveWindow:
+        return Lack{localizer_.localized("X11Workspace",
+                                         "The window manager of this session does not tell which "
+                                         "window is in front.")};
+    case WindowManagement::none:
+        break;
+    }
+    return Lack{localizer_.localized(
+        "X11Workspace", "No window manager is running that could tell which window is in front.")};
 }
 
 void X11Workspace::handleEvent(const xcb_generic_event_t& event) {

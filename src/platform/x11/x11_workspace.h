@@ -5,6 +5,7 @@
 #include "platform/linux/application_actions.h"
 #include "platform/linux/application_identity.h"
 #include "platform/linux/script_host.h"
+#include "platform/localization.h"
 #include "platform/session.h"
 #include "platform/workspace.h"
 #include "platform/x11/x11_connection.h"
@@ -61,8 +62,10 @@ struct WorkspaceServices {
 
 class X11Workspace final : public Workspace, public FrontWindowCloser, public AccessibilityTrust {
 public:
+    /// The references must outlive the workspace.
     X11Workspace(X11Connection& connection, const ApplicationIdentifier& identifier,
-                 ApplicationActions& actions, WorkspaceServices services);
+                 ApplicationActions& actions, const Localizer& localizer,
+                 WorkspaceServices services);
 
     [[nodiscard]] std::shared_ptr<RunningApplication> frontmostApplication() const override {
         return frontmost_;
@@ -80,7 +83,7 @@ public:
 
     std::optional<std::string> closeFrontWindow(std::string_view applicationName) override;
 
-    [[nodiscard]] bool isProcessTrusted() const override;
+    [[nodiscard]] std::optional<Lack> lack() const override;
 
     /// Looks again which application is in front: the installed ones changed.
     void identifyAgain() { setActiveWindow(activeWindow_); }
@@ -101,6 +104,7 @@ private:
     X11Windows windows_;
     const ApplicationIdentifier& identifier_;
     ApplicationActions& actions_;
+    const Localizer& localizer_;
     WorkspaceServices services_;
     xcb_window_t windowManager_ = XCB_WINDOW_NONE;
     xcb_window_t activeWindow_ = XCB_WINDOW_NONE;

@@ -44,6 +44,15 @@ TEST_F(CloseFrontWindow, withoutPermission_offersTheSettingsPageAndNothingElse) 
     EXPECT_EQ(closedWindows(), 0U);
 }
 
+TEST_F(CloseFrontWindow, lackThatNobodyCanGrant_isNamedAndOffersNothing) {
+    inFront("editor");
+    desktop_.accessibilityTrust.trusted = false;
+    desktop_.accessibilityTrust.whatIsLacking = {"No window manager runs.", false};
+    timer_.closeFrontWindow();
+    expectOneAlert("No window manager runs.");
+    EXPECT_TRUE(desktop_.workspace.openedUrls.empty());
+}
+
 TEST_F(CloseFrontWindow, permissionAlertCancelled_opensNothing) {
     desktop_.accessibilityTrust.trusted = false;
     desktop_.alerts.responses = {alertFirstButtonReturn + 1};

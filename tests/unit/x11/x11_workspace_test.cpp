@@ -2,6 +2,7 @@
 // Who is in front and who is asked to close, with windows and a window manager of the test's own.
 #include "platform/x11/x11_workspace.h"
 
+#include "platform/fake/fake_localizer.h"
 #include "platform/fake/fake_run_loop.h"
 #include "platform/x11/x11_modifier_map.h"
 #include "x11_support/private_display.h"
@@ -14,6 +15,7 @@ namespace dwellkey {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 using Windows = std::vector<xcb_window_t>;
@@ -71,11 +73,14 @@ public:
     }
     void activate(xcb_window_t window) { set(x_.root(), "_NET_ACTIVE_WINDOW", {window}); }
 
-    void manage() {
+    void manage(const std::vector<std::string>& supported = {"_NET_ACTIVE_WINDOW"}) {
         check_ = bareWindow();
         set(check_, "_NET_SUPPORTING_WM_CHECK", {check_});
-        set(x_.root(), "_NET_SUPPORTED",
-            {x_.atom("_NET_ACTIVE_WINDOW")}); // closing asks the window, not the manager
+        std::vector<std::uint32_t> atoms;
+        for (const std::string& name : supported) {
+            atoms.push_back(x_.atom(name));
+        }
+        set(x_.root(), "_NET_SUPPORTED", atoms);
         set(x_.root(), "_NET_SUPPORTING_WM_CHECK", {check_});
     }
     [[nodiscard]] xcb_window_t windowManagersWindow() const { return check_; }
@@ -178,9 +183,10 @@ protected:
     NoProcesses processes_;
     ApplicationIdentifier identifier_{index_, fileManager_, processes_};
     RecordedActions actions_;
+    FakeLocalizer localizer_;
     WindowedClient client_{display_.name()};
     std::unique_ptr<X11Connection> connection_ = PrivateDisplay::connect();
-    X11Workspace workspace_{*connection_, identifier_, actions_, {}};
+    X11Workspace workspace_{*connection_, identifier_, actions_, localizer_, {}};
     std::vector<std::string> activations_;
     Subscription activation_ = workspace_.didActivateApplication.subscribe(
         [this](const auto&) { activations_.push_back(inFront()); });
@@ -320,8 +326,15 @@ TEST_F(X11WorkspaceTest, terminate_prefersTheQuitActionAndClosesWindowsWhereTher
 }
 
 TEST_F(X11WorkspaceTest, trust_comesAndGoesWithTheWindowManager) {
-    EXPECT_FALSE(workspace_.isProcessTrusted());
-    client_.manage();
+    ASSERT_TRUE(workspace_.lack());
+    EXPECT_THAT(workspace_.lack()->reason, HasSubstr("No window manager"));
+    client_.manage({"_NET_CLOSE_WINDOW"});
+    ASSERT_TRUE(workspace_.lack());
+    EXPECT_THAT(workspace_.lack()->reason, HasSubstr("does not tell"));
+    client_.crashTheWindowManager();
+    settle();
+    activations_.clear();
+    client_.manage(); // closing a window takes no more than that
     settle();
     EXPECT_TRUE(workspace_.isProcessTrusted());
     EXPECT_THAT(activations_, ElementsAre("nobody")) << "nobody was told to judge anew";
