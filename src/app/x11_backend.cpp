@@ -20,6 +20,7 @@
 #include "platform/qt/qt_localizer.h"
 #include "platform/qt/qt_menu_bar_extra.h"
 #include "platform/qt/qt_menu_tracking.h"
+#include "platform/qt/qt_native_events.h"
 #include "platform/qt/qt_run_loop.h"
 #include "platform/qt/qt_session_end.h"
 #include "platform/qt/qt_session_lock.h"
@@ -79,6 +80,7 @@ public:
 
 private:
     QApplication application_;
+    QtNativeEvents nativeEvents_;
 };
 
 /// What every Linux desktop shares.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Windows that lie, and names that want to be more than names.
 #include "end_to_end.h"
+#include "harness/temporary_folder.h"
 
 namespace dwellkey::e2e {
 
@@ -91,6 +92,64 @@ TEST_P(HostileWindows, windowClassFullOfScript_closesTheFrontWindowAndNothingEls
         EXPECT_TRUE(bystander.staysWithout("close-request", down + afterthought));
         EXPECT_EQ(named.count("close-request"), 1U);
     }
+}
+
+TEST_P(HostileWindows, ourWindowsTakenOffTheScreenOrDestroyed_comeBackAtTheNextOpening) {
+    const Probe probe(desktop);
+    const Dwellkey dwellkey(desktop, {.delay = 3.0});
+    dwellkey.awaitGuarding();
+    const XConnection intruder(desktop.server().display());
+    const auto openPreferences = [&] {
+        desktop.start({Desktop::built("dwellkey")})->awaitEnd();
+        std::optional<Window> window;
+        screen.await("the preferences on the screen", [&] {
+            window = screen.windowTitled("Preferences");
+            return window && screen.isViewable(*window) && screen.focusedWindow() == *window;
+        });
+        return window.value();
+    };
+    for (auto* const attack : {xcb_unmap_window, xcb_destroy_window}) {
+        const auto takeAway = [&](Window window) {
+            attack(intruder.get(), window);
+            intruder.synchronize();
+            screen.await("the window to be gone", [&] { return !screen.isViewable(window); });
+        };
+        takeAway(openPreferences());
+        screen.activate(probe.window());
+        beginHold();
+        takeAway(screen.awaitPanel());
+        keyboard.releaseAll();
+        openPreferences(); // no hold runs any more
+        beginHold();
+        keyboard.releaseAll();
+        screen.awaitNoPanel();
+    }
+}
+
+TEST_P(HostileWindows, sizeThatAnotherProgramTellsOurWindows_costsNothing) {
+    const Probe probe(desktop);
+    Dwellkey dwellkey(desktop, {.delay = 3.0});
+    dwellkey.awaitGuarding();
+    const auto peakMegabytes = [&] {
+        const auto status =
+            readFile("/proc/" + std::to_string(dwellkey.process().pid()) + "/status");
+        return std::stol(status.substr(status.find("VmHWM:") + 6)) / 1024;
+    };
+    const XConnection liar(desktop.server().display());
+    for (int round = 0; round < 2; ++round) { // the second one shows that the first was read
+        beginHold();
+        const Window panel = screen.awaitPanel();
+        xcb_configure_notify_event_t lie{};
+        lie.response_type = XCB_CONFIGURE_NOTIFY;
+        lie.event = lie.window = panel;
+        lie.width = lie.height = 20'000;
+        xcb_send_event(liar.get(), 0, panel, XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&lie)); // NOLINT: xcb's way
+        liar.synchronize();
+        keyboard.releaseAll();
+        screen.awaitNoPanel();
+    }
+    EXPECT_LT(peakMegabytes(), 500);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, HostileWindows, everyWindowManager, parameterName);

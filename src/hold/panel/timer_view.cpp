@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 
@@ -62,10 +63,11 @@ void TimerView::prepare() {
 
 void TimerView::open() {
     refresh();
-    if (isVisible()) {
+    if (isVisible() && windowHandle()->isExposed()) {
         raise();
         return;
     }
+    hide(); // also when it is somebody else who took it off the screen
     didSetupWindow_ = false;
     setUpWindow();
     if (timerManager_.isPanelWanted()) {

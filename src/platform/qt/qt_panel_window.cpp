@@ -40,10 +40,11 @@ QtPanelWindow::~QtPanelWindow() = default;
 
 void QtPanelWindow::followCompositor() {
     const bool composited = support_.isComposited();
-    if (composited_ == composited) {
+    const bool isThere = testAttribute(Qt::WA_WState_Created); // unless somebody destroyed it
+    if (isThere && composited_ == composited) {
         return;
     }
-    if (composited_) {
+    if (isThere) {
         destroy();
     }
     composited_ = composited;

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QShowEvent>
+#include <QWindow>
 
 namespace dwellkey {
 
@@ -22,6 +23,10 @@ FixedWindow::FixedWindow(const QString& title)
 }
 
 void FixedWindow::open() {
+    const bool isTakenOff = isVisible() && !isMinimized() && !windowHandle()->isExposed();
+    if (isTakenOff) {
+        hide(); // somebody unmapped it, and the toolkit shows it only when it was hidden
+    }
     if (isVisible()) {
         setWindowState(windowState() & ~Qt::WindowMinimized);
     } else {
