@@ -15,9 +15,14 @@ constexpr std::chrono::milliseconds releaseInterval{20}; // between two looks at
 } // namespace
 
 DwellkeyApp::DwellkeyApp(Backend& backend)
-    : backend_(backend), appDelegate_(backend.platform()),
-      menuBar_(backend.platform(), PreferencesViewModel::shared(), [this] { backend_.quit(0); }),
-      timerManager_(TimerManager::shared()),
+    : backend_(backend), appDelegate_(backend.platform()), timerManager_(TimerManager::shared()),
+      outsideRequests_(backend.platform().runLoop, timerManager_),
+      reopen_(outsideRequests_.guarded([this] {
+          appDelegate_.shouldHandleReopen(false);
+          backend_.platform().workspace.activateOurselves();
+      })),
+      menuBar_(backend.platform(), PreferencesViewModel::shared(), outsideRequests_,
+               [this] { backend_.quit(0); }),
       followTimerViewOnce_(backend.platform().runLoop, [this] { followTimerView(); }),
       timerViewChanges_(timerManager_.isTimerViewVisible.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
@@ -51,11 +56,6 @@ void DwellkeyApp::desktopIsGone(std::string_view cause) {
     appDelegate_.willTerminate();
     // Not the ordinary way out: everything that talks to the display is dead.
     std::_Exit(statusLost);
-}
-
-void DwellkeyApp::reopen() {
-    appDelegate_.shouldHandleReopen(false);
-    backend_.platform().workspace.activateOurselves();
 }
 
 void DwellkeyApp::declareWindows() {

@@ -4,6 +4,7 @@
 #include "app/app_delegate.h"
 #include "app/backend.h"
 #include "app/menu_bar_scene.h"
+#include "app/outside_requests.h"
 #include "hold/panel/timer_view.h"
 #include "hold/timer_manager.h"
 #include "platform/once_per_turn.h"
@@ -12,6 +13,7 @@
 #include "views/about/intro_view.h"
 #include "views/preferences/preferences_view.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -30,8 +32,8 @@ public:
     /// Emitted in the loop once the launch is complete.
     Signal<> didFinishLaunching;
 
-    /// The user started the running program again.
-    void reopen();
+    /// The user started the running program again: opens the preferences, once no hold runs.
+    void reopen() { reopen_(); }
 
     /// Until the process is asked to end; returns its exit status.
     int run();
@@ -48,8 +50,10 @@ private:
 
     Backend& backend_;
     AppDelegate appDelegate_;
-    MenuBarScene menuBar_;
     TimerManager& timerManager_;
+    OutsideRequests outsideRequests_;
+    std::function<void()> reopen_;
+    MenuBarScene menuBar_;
     std::unique_ptr<TimerView> timerView_;
     std::unique_ptr<PreferencesView> preferencesView_; // each made when it is first opened
     std::unique_ptr<IntroView> introView_;

@@ -6,9 +6,10 @@
 namespace dwellkey {
 
 MenuBarScene::MenuBarScene(Platform& platform, PreferencesViewModel& preferencesViewModel,
-                           std::function<void()> terminate)
+                           OutsideRequests& outsideRequests, std::function<void()> terminate)
     : platform_(platform), preferencesViewModel_(preferencesViewModel),
-      view_(platform, std::move(terminate)), follow_(platform.runLoop, [this] { follow(); }) {}
+      outsideRequests_(outsideRequests), view_(platform, std::move(terminate)),
+      follow_(platform.runLoop, [this] { follow(); }) {}
 
 void MenuBarScene::appear() {
     preferencesChanges_ =
@@ -26,8 +27,18 @@ void MenuBarScene::follow() {
     if (!isShown) {
         item_.cancel();
     } else if (!item_.isActive()) {
-        item_ = platform_.menuBarExtra.insert(view_.item());
+        item_ = platform_.menuBarExtra.insert(item());
     }
+}
+
+MenuBarItem MenuBarScene::item() {
+    MenuBarItem item = view_.item();
+    for (MenuEntry& entry : item.menu) {
+        if (entry.action) {
+            entry.action = outsideRequests_.guarded(std::move(entry.action));
+        }
+    }
+    return item;
 }
 
 } // namespace dwellkey

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/outside_requests.h"
 #include "platform/once_per_turn.h"
 #include "platform/platform.h"
 #include "settings/preferences_view_model.h"
@@ -16,7 +17,7 @@ class MenuBarScene {
 public:
     /// `terminate` ends the application. The references must outlive the scene.
     MenuBarScene(Platform& platform, PreferencesViewModel& preferencesViewModel,
-                 std::function<void()> terminate);
+                 OutsideRequests& outsideRequests, std::function<void()> terminate);
 
     /// Once the shortcuts are live; from then on it follows the setting.
     void appear();
@@ -26,9 +27,11 @@ public:
 
 private:
     void follow();
+    [[nodiscard]] MenuBarItem item();
 
     Platform& platform_;
     PreferencesViewModel& preferencesViewModel_;
+    OutsideRequests& outsideRequests_;
     MenuBarView view_;
     Subscription item_; // while it is in the bar
     OncePerTurn follow_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/qt_application_object.h"
 
+#include "platform/qt/qt_call_limit.h"
 #include "platform/qt/qt_exported_application.h"
 
 #include <QDBusConnection>
@@ -21,8 +22,11 @@ QDBusMessage toBus(const QString& method) {
 } // namespace
 
 QtApplicationObject::QtApplicationObject()
-    : exported_(std::make_unique<QtExportedApplication>(
-        [this](const Launch& launch) { (isSettled_ ? startedAgain : launched).emit(launch); })) {}
+    : callLimit_(std::make_unique<QtCallLimit>()),
+      exported_(std::make_unique<QtExportedApplication>(
+          [this](const Launch& launch) { (isSettled_ ? startedAgain : launched).emit(launch); })) {
+    exported_->installEventFilter(callLimit_.get());
+}
 
 QtApplicationObject::~QtApplicationObject() {
     QDBusConnection::disconnectFromBus(connectionName);

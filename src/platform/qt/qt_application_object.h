@@ -8,6 +8,7 @@
 
 namespace dwellkey {
 
+class QtCallLimit;
 class QtExportedApplication;
 
 /// This program on the session bus, as launchers address it: org.freedesktop.Application at the
@@ -36,6 +37,7 @@ public:
     void publish();
 
 private:
+    std::unique_ptr<QtCallLimit> callLimit_;
     std::unique_ptr<QtExportedApplication> exported_;
     bool isSettled_ = false; // all calls that waited for the name have arrived
 };

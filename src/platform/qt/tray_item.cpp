@@ -60,6 +60,8 @@ TrayItem::TrayItem(MenuBarItem item, const TemplateIcon& icon, KeyNaming keyNami
                     self->showMenu();
                 }
             }) {
+    item_.installEventFilter(&callLimit_);
+    menu_.installEventFilter(&callLimit_);
     registerDBusMenuTypes();
     auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName_);
     bus.registerObject(status_notifier::itemPath, &item_,

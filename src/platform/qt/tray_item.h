@@ -3,6 +3,7 @@
 
 #include "platform/menu_bar_extra.h"
 #include "platform/qt/dbus_menu.h"
+#include "platform/qt/qt_call_limit.h"
 #include "platform/qt/status_notifier_item.h"
 #include "platform/session.h"
 
@@ -37,6 +38,7 @@ private:
     void showMenu();
 
     ErrorLog& errorLog_;
+    QtCallLimit callLimit_;
     QString connectionName_;
     QString wantedService_;
     std::vector<MenuEntry> entries_;

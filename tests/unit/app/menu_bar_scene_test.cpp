@@ -28,7 +28,9 @@ protected:
     AlertManager alerts;
     PreferencesViewModel preferences{platform.platform(), alerts};
     int terminations = 0;
-    MenuBarScene scene{platform.platform(), preferences, [this] { ++terminations; }};
+    TimerManager timer{platform.platform(), preferences};
+    OutsideRequests requests{platform.runLoop, timer};
+    MenuBarScene scene{platform.platform(), preferences, requests, [this] { ++terminations; }};
 };
 
 TEST_F(MenuBar, item_followsTheSetting) {
@@ -79,11 +81,30 @@ TEST_F(MenuBar, entries_openTheirWindowInFrontOrEndTheProgram) {
     scene.appear();
     menu()[0].action();
     menu()[1].action();
+    platform.runLoop.runPosted();
     EXPECT_THAT(platform.windowHost.opened, ElementsAre("PreferencesView", "AboutView"));
     EXPECT_EQ(platform.workspace.activateOurselvesCount, 2);
     EXPECT_EQ(terminations, 0);
     menu()[3].action();
+    platform.runLoop.runPosted();
     EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(MenuBar, entryChosenAgainAndAgain_isCarriedOutOnceAndOnlyWhenNoHoldRuns) {
+    scene.appear();
+    const auto choose = [this] {
+        menu()[0].action();
+        menu()[0].action();
+        platform.runLoop.runPosted();
+    };
+    choose();
+    EXPECT_EQ(platform.windowHost.opened.size(), 1U);
+    timer.startTimer(CloseMethod::quitApp);
+    choose();
+    EXPECT_EQ(platform.windowHost.opened.size(), 1U) << "our window would be what the hold ends";
+    timer.stopHold();
+    platform.runLoop.runPosted();
+    EXPECT_EQ(platform.windowHost.opened.size(), 2U);
 }
 
 } // namespace
