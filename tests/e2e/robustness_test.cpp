@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Neighbours that fail, and failing without harm to them.
 #include "end_to_end.h"
+#include "flooding_caller.h"
 #include "stalling_bus.h"
 
 #include <csignal>
@@ -133,6 +134,17 @@ TEST_P(Robustness, busesThatStall_holdUpNeitherTheKeysNorTheEnd) {
         dwellkey.process().signal(SIGTERM);
         dwellkey.process().awaitEnd(Milliseconds(10'000)); // far less than the toolkit's patience
     }
+}
+
+TEST_P(Robustness, callsWithoutEnd_neitherHoldUpAHoldNorPutOurWindowIntoIt) {
+    Probe probe(desktop);
+    const Dwellkey dwellkey(desktop, settings);
+    dwellkey.awaitGuarding();
+    const std::string name = "org.dwellkey.Dwellkey";
+    desktop.start({"gdbus", "wait", "--session", name})->awaitEnd();
+    beginHold();
+    const FloodingCaller caller(desktop.environment().at("DBUS_SESSION_BUS_ADDRESS"), name);
+    EXPECT_EQ(probe.process().awaitEnd(), (ExitStatus{0, {}}));
 }
 
 TEST_P(Robustness, windowManagerRestartedDuringAHold_holdEndsAndTheNextOneWorks) {
