@@ -7,6 +7,16 @@ namespace dwellkey::e2e {
 
 class HostileWindows : public EndToEnd {
 protected:
+    Window openPreferences() {
+        desktop.start({Desktop::built("dwellkey")})->awaitEnd();
+        std::optional<Window> window;
+        screen.await("the preferences on the screen", [&] {
+            window = screen.windowTitled("Preferences");
+            return window && screen.isViewable(*window) && screen.focusedWindow() == *window;
+        });
+        return window.value();
+    }
+
     const Settings settings{.delay = 0.25, .guardsCloseWindow = true};
 };
 
@@ -99,15 +109,6 @@ TEST_P(HostileWindows, ourWindowsTakenOffTheScreenOrDestroyed_comeBackAtTheNextO
     const Dwellkey dwellkey(desktop, {.delay = 3.0});
     dwellkey.awaitGuarding();
     const XConnection intruder(desktop.server().display());
-    const auto openPreferences = [&] {
-        desktop.start({Desktop::built("dwellkey")})->awaitEnd();
-        std::optional<Window> window;
-        screen.await("the preferences on the screen", [&] {
-            window = screen.windowTitled("Preferences");
-            return window && screen.isViewable(*window) && screen.focusedWindow() == *window;
-        });
-        return window.value();
-    };
     for (auto* const attack : {xcb_unmap_window, xcb_destroy_window}) {
         const auto takeAway = [&](Window window) {
             attack(intruder.get(), window);
@@ -123,6 +124,31 @@ TEST_P(HostileWindows, ourWindowsTakenOffTheScreenOrDestroyed_comeBackAtTheNextO
         beginHold();
         keyboard.releaseAll();
         screen.awaitNoPanel();
+    }
+}
+
+TEST_P(HostileWindows, keyThatAnotherProgramSendsOurWindow_isNobodys) {
+    const Probe probe(desktop);
+    const Dwellkey dwellkey(desktop, {.delay = 3.0});
+    dwellkey.awaitGuarding();
+    const Window preferences = openPreferences();
+    const XConnection liar(desktop.server().display());
+    const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(liar.get(), preferences, XCB_CW_EVENT_MASK, &mask);
+    xcb_key_press_event_t lie{};
+    lie.response_type = XCB_KEY_PRESS;
+    lie.detail = key::w; // with Ctrl it closes the window
+    lie.state = XCB_MOD_MASK_CONTROL;
+    lie.root = liar.root();
+    lie.event = preferences;
+    lie.same_screen = 1;
+    xcb_send_event(liar.get(), 0, preferences, XCB_EVENT_MASK_KEY_PRESS,
+                   reinterpret_cast<const char*>(&lie)); // NOLINT: xcb's way
+    liar.synchronize();
+    openPreferences(); // the program has read the key by now
+    liar.synchronize();
+    while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(liar.get())}) {
+        EXPECT_NE(event->response_type, XCB_UNMAP_NOTIFY) << "the window was closed";
     }
 }
 

@@ -67,7 +67,8 @@ bool X11RunningApplication::isTerminated() const {
                && belongsTogether(windows_, window, window_);
     };
     const std::vector<xcb_window_t> clients = windows_.clientWindows();
-    const bool isManaged = std::ranges::find(clients, window_.id) != clients.end();
+    const bool isManaged = clients.empty() // a window manager that keeps no list
+                           || std::ranges::find(clients, window_.id) != clients.end();
     return !(isManaged && isItsOwn(windows_.describe(window_.id)))
            && std::ranges::none_of(windows_.describe(clients), isItsOwn);
 }
