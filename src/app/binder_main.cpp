@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/backend.h"
 #include "app/binder_app.h"
+#include "app/termination.h"
 #include "platform/linux/linux_error_log.h"
 #include "platform/platform.h"
 
@@ -11,6 +12,7 @@
 
 int main(int argc, char** argv) {
     using namespace dwellkey;
+    catchTerminationSignals();
     LinuxErrorLog errorLog;
     auto started = startBackend(argc, argv, errorLog);
     if (const auto* reason = std::get_if<std::string>(&started)) {

@@ -2,6 +2,7 @@
 #include "app/backend.h"
 #include "app/dwellkey_app.h"
 #include "app/launches.h"
+#include "app/termination.h"
 #include "platform/linux/environment.h"
 #include "platform/linux/launch.h"
 #include "platform/linux/linux_error_log.h"
@@ -56,5 +57,6 @@ int start(int argc, char** argv) {
 } // namespace dwellkey
 
 int main(int argc, char** argv) {
+    dwellkey::catchTerminationSignals();
     return dwellkey::start(argc, argv);
 }

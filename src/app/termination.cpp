@@ -76,16 +76,19 @@ void setHandler(void (*handler)(int)) {
 
 } // namespace
 
-Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> terminate) {
+void catchTerminationSignals() {
     wakeUp = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    prepareLastResort();
+    setHandler(noteSignal);
+}
+
+Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> terminate) {
     auto watch =
         std::make_shared<Subscription>(runLoop.watch(wakeUp, [terminate = std::move(terminate)] {
             std::uint64_t count = 0;
             [[maybe_unused]] const auto bytes = read(wakeUp, &count, sizeof count);
             terminate();
         }));
-    prepareLastResort();
-    setHandler(noteSignal);
     return Subscription([watch] {
         setHandler(SIG_DFL);
         watch->cancel();

@@ -8,9 +8,14 @@
 
 namespace dwellkey {
 
-/// Runs `terminate` inside the loop when the session or the user asks the process to end (SIGTERM,
-/// SIGINT, SIGHUP). If the process still exists 1.7 s later, whatever holds it up, it ends with
-/// status 1 all the same. Once in a process; it must be cancelled before the loop goes.
+/// From here on nobody who asks the process to end (SIGTERM, SIGINT, SIGHUP) cuts it off: it notes
+/// the wish and ends in order once it can, also when it was still starting. If it still exists
+/// 1.7 s later, whatever holds it up, it ends with status 1 all the same. First of all in main.
+void catchTerminationSignals();
+
+/// Runs `terminate` inside the loop when the session or the user asks the process to end, or has
+/// asked since catchTerminationSignals(). Once in a process; it must be cancelled before the loop
+/// goes.
 Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> terminate);
 
 /// Runs `ended` when somebody exits the process from the middle of the loop, as the libraries below

@@ -9,6 +9,7 @@
 #include <array>
 #include <csignal>
 #include <cstdint>
+#include <filesystem>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -43,11 +44,15 @@ protected:
         return nlohmann::json::parse(readFile(desktop.folder("config") / "dwellkey/settings.json"));
     }
 
-    /// With "appIsOpen" true in the settings, which only an end in order makes false.
-    std::unique_ptr<ChildProcess> startStoredAsOpen(SessionManager* session = nullptr) {
+    /// "appIsOpen" in the settings: only an end in order makes it false.
+    void storeAsOpen() const {
         auto settings = nlohmann::json::parse(Settings{}.json());
         settings["appIsOpen"] = true;
         writeFile(desktop.folder("config") / "dwellkey/settings.json", settings.dump());
+    }
+
+    std::unique_ptr<ChildProcess> startStoredAsOpen(SessionManager* session = nullptr) {
+        storeAsOpen();
         auto program = session == nullptr ? startAgain()
                                           : startAgain({{"SESSION_MANAGER", session->address()}});
         if (session != nullptr) {
@@ -226,6 +231,20 @@ TEST_P(LifeCycle, askedToEnd_givesBackKeysAndNamesAndSaysThatItIsClosed) {
     }
     pressShortcut();
     probe.awaitPresses(key::q, 1);
+}
+
+TEST_P(LifeCycle, askedToEndWhileItStarts_endsInOrder) {
+    storeAsOpen();
+    const auto program = startAgain();
+    const std::filesystem::directory_iterator none;
+    await("its lock, the first that is seen of it",
+          [&] { return std::filesystem::directory_iterator(desktop.folder("runtime")) != none; });
+    program->signal(SIGTERM);
+    if (program->awaitEnd() == ended) {
+        EXPECT_EQ(storedSettings().at("appIsOpen"), false);
+    } else { // only where the machine is too busy for a start within the time that an end may take
+        EXPECT_NE(program->log().find("holds it up"), std::string::npos) << program->log();
+    }
 }
 
 TEST_P(LifeCycle, sessionEnds_leavesAtOnceSavedAndIsNotBroughtBackByTheSessionManager) {
