@@ -12,20 +12,13 @@ target_compile_definitions(dwellkey_compile_options INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-if(DWELLKEY_LINT)
-    find_program(CLANG_TIDY NAMES clang-tidy REQUIRED)
-    # Sources that the toolkit's tools generate are not ours to judge.
-    file(WRITE ${CMAKE_BINARY_DIR}/.clang-tidy
-        "Checks: '-*,misc-throw-by-value-catch-by-reference'\nInheritParentConfig: false\n")
-    set(DWELLKEY_TIDY_COMMAND ${CLANG_TIDY} --quiet --extra-arg=-Wno-unknown-warning-option)
-endif()
+# Of the tests' own code nobody asks speed but the compiler's.
+set(DWELLKEY_TEST_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O0>)
 
 # What every target of ours gets.
 function(dwellkey_target target)
     target_link_libraries(${target} PRIVATE dwellkey_compile_options)
-    if(DWELLKEY_LINT)
-        set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${DWELLKEY_TIDY_COMMAND}")
-    endif()
+    set_property(GLOBAL APPEND PROPERTY DWELLKEY_TARGETS ${target}) # see PrecompiledHeaders
 endfunction()
 
 # dwellkey_module(NAME [FOLDER folder] SOURCES ... HEADERS ... [USES module ...] [LINKS library ...]

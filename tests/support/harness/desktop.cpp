@@ -88,7 +88,7 @@ std::unique_ptr<ChildProcess> Desktop::start(const std::vector<std::string>& arg
 }
 
 std::string Desktop::built(const std::string& program) {
-    return std::string(DWELLKEY_BINARY_DIR) + "/" + program;
+    return DWELLKEY_BINARY_DIR "/" + program;
 }
 
 std::string Desktop::logs() const {
