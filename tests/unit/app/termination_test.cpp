@@ -13,6 +13,7 @@ namespace {
 
 TEST(TerminationDeathTest, askedToEndWhileTheLoopIsStuck_endsAllTheSame) {
     const auto stayInTheMiddleOfThings = [] {
+        catchTerminationSignals();
         FakeClock clock;
         FakeRunLoop loop(clock);
         const Subscription termination = onTerminationSignal(loop, [] {});
