@@ -74,11 +74,12 @@ TEST_P(Binder, releasedEarly_doesNothingAndTheFocusStays) {
     for (const auto letter : {key::q, key::w}) {
         const TimePoint down = beginHold(letter);
         EXPECT_TRUE(panelStaysUntil(down + whole / 4));
-        screen.picture().save(testName());
+        const Picture shown = screen.picture();
         EXPECT_EQ(screen.focusedWindow(), focused);
         EXPECT_EQ(screen.activeWindow(), probe.window());
         keyboard.release(key::leftControl); // the modifier first
         screen.awaitNoPanel();
+        shown.save(testName());
         EXPECT_TRUE(probe.staysWithout("close-request", down + whole + afterthought));
         keyboard.releaseAll();
     }

@@ -194,7 +194,7 @@ TEST_P(LifeCycle, firstWasKilled_nextOneGuards) {
         Dwellkey first(desktop);
         first.awaitGuarding();
         first.process().signal(SIGKILL);
-        first.process().awaitEnd();
+        first.awaitStandingDown(); // or its keys would pass for those of the second
     }
     const Dwellkey second(desktop);
     second.awaitGuarding();

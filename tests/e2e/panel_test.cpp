@@ -26,9 +26,9 @@ std::optional<Rectangle> fillIn(const Picture& panel) {
 
 class Panel : public EndToEnd {
 protected:
-    const Settings settings{.delay = 2.0};
+    const Settings settings{.delay = 3.0};
     const Milliseconds delay = settings.delayInMilliseconds();
-    const Milliseconds busyMachine{400}; // how far the picture may lag behind the time
+    const Milliseconds busyMachine{1000}; // how far the picture may lag behind the time
 
     Picture pictureOfPanel() { return screen.picture(screen.geometry(screen.awaitPanel())); }
 

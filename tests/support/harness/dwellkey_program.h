@@ -15,7 +15,7 @@ enum class Scope { allExceptListed, onlyListed };
 
 /// The settings that a test starts with or edits, in the user's own file.
 struct Settings {
-    double delay = 0.25; // seconds
+    double delay = 0.5; // seconds; a shorter panel would be missed on a busy machine
     Scope scope = Scope::allExceptListed;
     std::vector<std::string> listedApplications = {}; // file: URLs of desktop entries
     bool guardsCloseWindow = false;                   // with Ctrl+W
