@@ -22,9 +22,10 @@ DefaultsShortcut::DefaultsShortcut(UserDefaults& userDefaults, std::string defau
 }
 
 std::optional<KeyCommandContent> DefaultsShortcut::stored() const {
-    auto content = storedKeyCommand(userDefaults_, KeyCommand::Name(defaultsKey_));
-    const bool isComplete = content && content->key && !content->modifiers.empty();
-    return isComplete ? std::move(content) : std::nullopt;
+    auto coded = storedKeyCommand(userDefaults_, KeyCommand::Name(defaultsKey_));
+    auto* content = coded ? std::get_if<KeyCommandContent>(&*coded) : nullptr;
+    const bool isComplete = content != nullptr && content->key && !content->modifiers.empty();
+    return isComplete ? std::optional(std::move(*content)) : std::nullopt;
 }
 
 std::optional<Key> DefaultsShortcut::key() const {
@@ -42,6 +43,10 @@ bool DefaultsShortcut::isRegistered() const {
 }
 
 std::optional<RegistrationFailure> DefaultsShortcut::registrationFailure() const {
+    const auto coded = storedKeyCommand(userDefaults_, KeyCommand::Name(defaultsKey_));
+    if (coded && std::holds_alternative<CodingError>(*coded)) {
+        return RegistrationFailure::unreadable;
+    }
     const auto failure = binder_ == nullptr ? std::nullopt : binder_->bindingFailure(defaultsKey_);
     if (!failure || !isRegistered()) {
         return std::nullopt;
@@ -67,7 +72,7 @@ void DefaultsShortcut::clear() {
     userDefaults_.remove(defaultsKey_);
 }
 
-void DefaultsShortcut::unregisterShortcut() {
+void DefaultsShortcut::suspendShortcut() {
     if (binder_ != nullptr) {
         binder_->breakBinding(defaultsKey_);
     }

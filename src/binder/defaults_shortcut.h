@@ -31,7 +31,7 @@ public:
     void set(Key key, Modifiers modifiers) override;
     void clear() override;
     void registerShortcut() override { setSuspended(false); }
-    void unregisterShortcut() override;
+    void suspendShortcut() override;
 
     [[nodiscard]] Subscription observe(std::function<void()> changed) override;
 

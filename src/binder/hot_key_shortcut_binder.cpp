@@ -23,6 +23,7 @@ void HotKeyShortcutBinder::bindShortcut(std::string_view defaultsKey, Action toA
     breakBinding(defaultsKey);
     const auto combination = storedCombination(defaultsKey);
     if (!combination) {
+        noteUnreadable(defaultsKey);
         forgetFailure(defaultsKey);
         return;
     }
@@ -61,8 +62,9 @@ void HotKeyShortcutBinder::breakBinding(std::string_view defaultsKey) {
 
 std::optional<HotKeyShortcutBinder::Combination>
 HotKeyShortcutBinder::storedCombination(std::string_view defaultsKey) const {
-    const auto stored = storedKeyCommand(userDefaults_, KeyCommand::Name(std::string(defaultsKey)));
-    if (!stored || !stored->key || stored->modifiers.empty()) {
+    const auto coded = storedKeyCommand(userDefaults_, KeyCommand::Name(std::string(defaultsKey)));
+    const auto* stored = coded ? std::get_if<KeyCommandContent>(&*coded) : nullptr;
+    if (stored == nullptr || !stored->key || stored->modifiers.empty()) {
         return std::nullopt;
     }
     return Combination{static_cast<std::uint32_t>(rawValue(*stored->key)),
@@ -106,6 +108,17 @@ HotKeyShortcutBinder::bindingFailure(std::string_view defaultsKey) const {
     const bool isPresent =
         known != failures_.end() && storedCombination(defaultsKey) == known->second.combination;
     return isPresent ? std::optional(known->second.failure) : std::nullopt;
+}
+
+/// Once for each cause.
+void HotKeyShortcutBinder::noteUnreadable(std::string_view defaultsKey) {
+    const std::string key(defaultsKey);
+    const auto coded = storedKeyCommand(userDefaults_, KeyCommand::Name(key));
+    const auto* error = coded ? std::get_if<CodingError>(&*coded) : nullptr;
+    if (error != nullptr
+        && std::exchange(unreadable_[key], error->description) != error->description) {
+        errorLog_.error("The stored shortcut \"" + key + "\" cannot be used.", error->description);
+    }
 }
 
 void HotKeyShortcutBinder::noteFailure(std::string_view defaultsKey, const FailedAttempt& attempt) {

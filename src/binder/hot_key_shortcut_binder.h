@@ -29,7 +29,7 @@ public:
     /// Gives all shortcuts back; no action runs any more.
     ~HotKeyShortcutBinder() override;
 
-    /// What cannot be taken is logged, once until it changes.
+    /// What cannot be read or taken is logged, once until it changes.
     void bindShortcut(std::string_view defaultsKey, Action toAction, Action onKeyUp) override;
     void breakBinding(std::string_view defaultsKey) override;
     [[nodiscard]] std::optional<Failure>
@@ -63,6 +63,7 @@ private:
     OSStatus handle(const HotKeyEvent* event);
     void noteFailure(std::string_view defaultsKey, const FailedAttempt& attempt);
     void forgetFailure(std::string_view defaultsKey);
+    void noteUnreadable(std::string_view defaultsKey);
 
     HotKeys& hotKeys_;
     const UserDefaults& userDefaults_;
@@ -70,6 +71,7 @@ private:
     std::vector<Binding> bindings_;
     std::uint32_t nextId_ = 0;
     std::map<std::string, FailedAttempt, std::less<>> failures_; // by settings key; logged already
+    std::map<std::string, std::string> unreadable_; // causes, by settings key; logged already
     /// Set once the handler is installed; the handler is deaf when it is gone.
     std::shared_ptr<const bool> handlerLife_;
 };

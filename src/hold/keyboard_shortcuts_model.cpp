@@ -40,8 +40,9 @@ KeyboardShortcutsModel::~KeyboardShortcutsModel() {
 /// a, and a default that guards "select all" would be a bug. A layout without a q has no better
 /// answer than the position.
 void KeyboardShortcutsModel::applyFirstLaunchDefault() const {
-    quitApplicationCommand.setKey(keyFromCharacter("q", platform_.keyboardLayout).value_or(Key::q));
-    quitApplicationCommand.setModifiers({Modifier::command});
+    const Key key = keyFromCharacter("q", platform_.keyboardLayout).value_or(Key::q);
+    // Stored also where another program holds it: later starts have to try again.
+    quitApplicationCommand.proxy().choose(key, {Modifier::command});
 }
 
 void KeyboardShortcutsModel::observeCommands() {

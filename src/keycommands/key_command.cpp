@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "keycommands/key_command.h"
 
-#include "keycommands/key_command_coding.h"
 #include "keycommands/key_command_proxy.h"
 #include "keycommands/key_command_registry.h"
 #include "status_log.h"
@@ -55,10 +54,7 @@ KeyCommand::KeyCommand(Name name, std::optional<Key> key, Modifiers modifiers,
 }
 
 void KeyCommand::restore() const {
-    if (auto stored = storedKeyCommand(registry_->platform().userDefaults, name_)) {
-        setKey(stored->key);
-        setModifiers(std::move(stored->modifiers));
-    }
+    proxy().restore();
 }
 
 std::optional<Key> KeyCommand::key() const {
@@ -96,6 +92,7 @@ void KeyCommand::remove() const {
     state.setModifiers({});
     state.setBlocksRegistrationChanges(false);
     state.unregisterHotKey(Reregistration::yes);
+    state.forget();
 }
 
 KeyCommand::Observation KeyCommand::observe(EventType eventType,

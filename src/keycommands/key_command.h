@@ -23,7 +23,8 @@ class KeyCommandRegistry;
 /// A system-wide keyboard shortcut, known by its name: values with equal names in one registry are
 /// the same command, whose state lives in the registry for good. Failures are logged and leave the
 /// command unregistered; ask `isEnabled`. While a command is registered, its key and modifiers are
-/// stored in the user defaults; a disabled command forgets what it had stored.
+/// stored in the user defaults; a disabled command forgets what it had stored. What the user chose,
+/// see `KeyCommandProxy::choose`, stays stored also while it cannot be registered.
 /// The operations are const because the value itself is only the name.
 class KeyCommand {
 public:
@@ -74,7 +75,8 @@ public:
     };
 
     /// The command of the process's shared registry. The first use of a name restores the key and
-    /// modifiers that were stored for it; what cannot be read counts as not stored.
+    /// modifiers that were stored for it. What cannot be read restores nothing, is logged, and
+    /// stays where it is until something else takes its place.
     explicit KeyCommand(Name name);
     KeyCommand(Name name, std::optional<Key> key, Modifiers modifiers);
 

@@ -187,17 +187,22 @@ Coded<KeyCommandContent> decodeKeyCommand(std::string_view json) {
     return decoder.finish(decoder.keyCommand());
 }
 
-std::optional<KeyCommandContent> storedKeyCommand(const UserDefaults& store,
-                                                  const KeyCommand::Name& name) {
+std::optional<Coded<KeyCommandContent>> storedKeyCommand(const UserDefaults& store,
+                                                         const KeyCommand::Name& name) {
+    if (!store.contains(name.storageKey())) {
+        return std::nullopt;
+    }
     const DefaultsValue* stored = store.find(name.storageKey());
     const auto* data = stored == nullptr ? nullptr : std::get_if<Data>(stored);
     if (data == nullptr) {
-        return std::nullopt;
+        return CodingError{"It is not data."};
     }
     auto decoded = decodeKeyCommand(data->bytes);
-    auto* content = std::get_if<KeyCommandContent>(&decoded);
-    return content != nullptr && content->name == name ? std::optional(std::move(*content))
-                                                       : std::nullopt;
+    const auto* content = std::get_if<KeyCommandContent>(&decoded);
+    if (content != nullptr && content->name != name) {
+        return CodingError{"It is the entry of another command."};
+    }
+    return decoded;
 }
 
 Coded<Key> decodeKey(std::string_view json) {

@@ -37,10 +37,10 @@ using Coded = std::variant<Value, CodingError>;
 /// Further fields of an object are ignored; everything else must be as `encode` writes it.
 [[nodiscard]] Coded<KeyCommandContent> decodeKeyCommand(std::string_view json);
 
-/// What is stored for the command; absent when that is nothing, or nothing that can be read, or an
-/// entry that somebody copied from another command.
-std::optional<KeyCommandContent> storedKeyCommand(const UserDefaults& store,
-                                                  const KeyCommand::Name& name);
+/// What is stored for the command; absent when that is nothing. An error when it cannot be read, or
+/// is an entry that somebody copied from another command.
+[[nodiscard]] std::optional<Coded<KeyCommandContent>>
+storedKeyCommand(const UserDefaults& store, const KeyCommand::Name& name);
 [[nodiscard]] Coded<Key> decodeKey(std::string_view json);
 [[nodiscard]] Coded<Modifier> decodeModifier(std::string_view json);
 

@@ -53,42 +53,57 @@ void KeyCommandProxy::keyOrModifiersChanged() {
     keyAndModifiersDidChange_.emit();
 }
 
+void KeyCommandProxy::restore() {
+    auto stored = storedKeyCommand(platform_.userDefaults, name_);
+    if (!stored) {
+        return;
+    }
+    if (const auto* error = std::get_if<CodingError>(&*stored)) {
+        unreadable("The stored shortcut \"" + name_.storageKey() + "\" cannot be used.", *error);
+        return;
+    }
+    auto& content = std::get<KeyCommandContent>(*stored);
+    assign(content.key, std::move(content.modifiers));
+}
+
 /// Somebody edited the settings file. An entry that was taken out clears the command; one that
 /// cannot be read changes nothing, and stays there for its editor to mend.
 void KeyCommandProxy::takeOverStoredEntry() {
-    UserDefaults& store = platform_.userDefaults;
-    const std::string key = name_.storageKey();
-    if (!store.contains(key)) {
-        takeOver(std::nullopt, {});
+    auto stored = storedKeyCommand(platform_.userDefaults, name_);
+    if (stored && std::holds_alternative<CodingError>(*stored)) {
+        unreadable("The edited shortcut \"" + name_.storageKey() + "\" is not used.",
+                   std::get<CodingError>(*stored));
         return;
     }
-    auto stored = storedKeyCommand(store, name_);
-    if (!stored) {
-        platform_.errorLog.error("The edited shortcut \"" + key + "\" is not used.",
-                                 "its entry in the settings is no key command of this name");
-        return;
-    }
-    const DefaultsValue entry = *store.find(key);
-    takeOver(stored->key, std::move(stored->modifiers));
-    // Until it is registered the entry is its editor's. Later in the turn, because one edit may
-    // change several commands, and one's new combination may be another's old one.
-    store.set(key, entry);
+    auto content =
+        stored ? std::get<KeyCommandContent>(*std::move(stored)) : KeyCommandContent{{}, {}, name_};
+    assign(content.key, std::move(content.modifiers));
+    suspend();
+    // Later in the turn, because one edit may change several commands, and one's new combination
+    // may be another's old one.
     registerOnce_.schedule();
 }
 
-void KeyCommandProxy::takeOver(std::optional<Key> key, Modifiers modifiers) {
+void KeyCommandProxy::choose(Key key, Modifiers modifiers) {
+    assign(key, std::move(modifiers));
+    const KeyCommandProxy* holder = registry_.registered(key, modifiers_);
+    if (holder == nullptr || holder == this) {
+        store();
+    }
+}
+
+void KeyCommandProxy::assign(std::optional<Key> key, Modifiers modifiers) {
     setBlocksRegistrationChanges(true);
     setKey(key);
     setModifiers(std::move(modifiers));
     setBlocksRegistrationChanges(false);
-    unregisterHotKey(Reregistration::no);
 }
 
 void KeyCommandProxy::registerHotKey() {
     if (blocksRegistrationChanges_ || modifiers_.empty() || !key_) {
         return;
     }
-    unregisterHotKey(Reregistration::no);
+    suspend();
     if (const OSStatus status = registry_.installHandler(); status != noErr) {
         logStatus(platform_.errorLog, status, "Event handler installation failed.");
         return;
@@ -107,7 +122,8 @@ void KeyCommandProxy::registerHotKey() {
 }
 
 void KeyCommandProxy::registrationFailed(OSStatus status) {
-    const RegistrationFailure failure{status, registry_.registered(*key_, modifiers_) != nullptr};
+    const bool isOurs = registry_.registered(*key_, modifiers_) != nullptr;
+    const RegistrationFailure failure{.status = status, .isHeldByAnotherCommand = isOurs};
     if (registrationFailure_ != failure) {
         registrationFailure_ = failure;
         logStatus(platform_.errorLog, status, "Key command registration failed.");
@@ -116,6 +132,14 @@ void KeyCommandProxy::registrationFailed(OSStatus status) {
     // Whoever holds the combination may end, and another application is in front then.
     tryAgain_ = platform_.workspace.didActivateApplication.subscribe(
         [this](const auto& /*application*/) { registerHotKey(); });
+}
+
+void KeyCommandProxy::unreadable(std::string_view message, const CodingError& error) {
+    platform_.errorLog.error(message, error.description);
+    if (!key_) { // otherwise the combination in force goes on guarding
+        registrationFailure_ = {.isUnreadable = true};
+        registrationDidFail_.emit();
+    }
 }
 
 void KeyCommandProxy::store() {
@@ -128,23 +152,41 @@ void KeyCommandProxy::store() {
 }
 
 void KeyCommandProxy::unregisterHotKey(Reregistration reregistration) {
-    if (blocksRegistrationChanges_) {
+    if (!release()) {
         return;
+    }
+    forget();
+    registrationStateDidChange_.emit();
+    if (reregistration == Reregistration::yes) {
+        registerHotKey();
+    }
+}
+
+void KeyCommandProxy::suspend() {
+    if (release()) {
+        registrationStateDidChange_.emit();
+    }
+}
+
+/// Whether it was registered and is not any more. Tells nobody.
+bool KeyCommandProxy::release() {
+    if (blocksRegistrationChanges_) {
+        return false;
     }
     tryAgain_.cancel();
     if (!isRegistered_) {
-        return;
+        return false;
     }
     const OSStatus status = platform_.hotKeys.unregisterHotKey(std::exchange(hotKeyRef_, {}));
     if (status != noErr) {
         logStatus(platform_.errorLog, status, "Key command unregistration failed.");
     }
-    platform_.userDefaults.remove(name_.storageKey());
     isRegistered_ = false;
-    registrationStateDidChange_.emit();
-    if (reregistration == Reregistration::yes) {
-        registerHotKey();
-    }
+    return true;
+}
+
+void KeyCommandProxy::forget() {
+    platform_.userDefaults.remove(name_.storageKey());
 }
 
 Subscription KeyCommandProxy::observeKeyAndModifierChanges(std::function<void()> handler) const {

@@ -11,11 +11,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace dwellkey {
 
 enum class Reregistration { no, yes };
+struct CodingError;
 
 /// One per name and registry, made by the registry and kept as long as it. Handlers of every kind
 /// may change the command and its observations while they run.
@@ -45,10 +47,11 @@ public:
     struct RegistrationFailure {
         OSStatus status = noErr;
         bool isHeldByAnotherCommand = false; // of the registry
+        bool isUnreadable = false;           // nothing was tried
         bool operator==(const RegistrationFailure&) const = default;
     };
-    /// Why the present combination could not be registered, when it was tried last; absent when it
-    /// was not tried, or could be.
+    /// Why the present combination could not be registered, when it was tried last, or that there
+    /// is none because what is stored cannot be read; absent when it was not tried, or could be.
     [[nodiscard]] const std::optional<RegistrationFailure>& registrationFailure() const {
         return registrationFailure_;
     }
@@ -59,6 +62,18 @@ public:
     void registerHotKey();
     /// Unregisters and forgets the stored entry. No effect when not registered.
     void unregisterHotKey(Reregistration reregistration);
+    /// Unregisters for a while: the stored entry stays, so whatever ends the process meanwhile
+    /// costs the user nothing.
+    void suspend();
+
+    /// Takes over what is stored, and registers nothing.
+    void restore();
+    /// Takes the user's choice as one change, stores it and registers nothing. So it is tried again
+    /// at the next start when somebody else holds it now. A combination of another command of the
+    /// registry is not stored: that command would lose it at the next start.
+    void choose(Key key, Modifiers modifiers);
+    /// Removes the stored entry.
+    void forget();
 
     /// While set, registering and unregistering do nothing: for changing key and modifiers as one.
     void setBlocksRegistrationChanges(bool blocks) { blocksRegistrationChanges_ = blocks; }
@@ -87,8 +102,10 @@ public:
 private:
     void keyOrModifiersChanged();
     void takeOverStoredEntry();
-    void takeOver(std::optional<Key> key, Modifiers modifiers);
+    void assign(std::optional<Key> key, Modifiers modifiers);
+    bool release();
     void registrationFailed(OSStatus status);
+    void unreadable(std::string_view message, const CodingError& error);
     void store();
     void fire(const KeyCommand::EventType& event);
     void forgetRemovedObservations();

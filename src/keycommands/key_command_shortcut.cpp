@@ -14,6 +14,9 @@ std::optional<RegistrationFailure> KeyCommandShortcut::registrationFailure() con
     if (!failure) {
         return std::nullopt;
     }
+    if (failure->isUnreadable) {
+        return RegistrationFailure::unreadable;
+    }
     switch (failure->status) {
     case eventHotKeyExistsErr:
         return failure->isHeldByAnotherCommand ? RegistrationFailure::takenByAnotherCommand
@@ -23,13 +26,6 @@ std::optional<RegistrationFailure> KeyCommandShortcut::registrationFailure() con
     default:
         return RegistrationFailure::serviceFailed;
     }
-}
-
-void KeyCommandShortcut::set(Key key, Modifiers modifiers) {
-    proxy_.setBlocksRegistrationChanges(true);
-    proxy_.setKey(key);
-    proxy_.setModifiers(std::move(modifiers));
-    proxy_.setBlocksRegistrationChanges(false);
 }
 
 Subscription KeyCommandShortcut::observe(std::function<void()> changed) {

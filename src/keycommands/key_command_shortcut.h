@@ -5,6 +5,8 @@
 #include "keycommands/key_command_proxy.h"
 #include "keycommands/recordable_shortcut.h"
 
+#include <utility>
+
 namespace dwellkey {
 
 /// A key command as a recorder changes it. The command's registry must outlive it.
@@ -18,10 +20,10 @@ public:
     [[nodiscard]] std::optional<RegistrationFailure> registrationFailure() const override;
     [[nodiscard]] bool menuIsOpen() const override { return proxy_.menuIsOpen(); }
 
-    void set(Key key, Modifiers modifiers) override;
+    void set(Key key, Modifiers modifiers) override { proxy_.choose(key, std::move(modifiers)); }
     void clear() override { keyCommand_.remove(); }
     void registerShortcut() override { proxy_.registerHotKey(); }
-    void unregisterShortcut() override { proxy_.unregisterHotKey(Reregistration::no); }
+    void suspendShortcut() override { proxy_.suspend(); }
 
     [[nodiscard]] Subscription observe(std::function<void()> changed) override;
 

@@ -91,6 +91,10 @@ std::string KeyRecording::failureText() const {
         return localizer.localized("KeyRecorder", "Dwellkey uses this shortcut already.");
     case RegistrationFailure::notOnThisKeyboard:
         return localizer.localized("KeyRecorder", "This keyboard cannot type this shortcut.");
+    case RegistrationFailure::unreadable:
+        return localizer.localized("KeyRecorder",
+                                   "What is stored for this shortcut cannot be read. "
+                                   "Nothing is guarded until you record it again.");
     case RegistrationFailure::serviceFailed:
         break;
     }
@@ -129,7 +133,7 @@ void KeyRecording::press(RecorderSegment segment) {
     if (state_ == RecordingState::idle) {
         shortcut_->registerShortcut();
     } else {
-        shortcut_->unregisterShortcut(); // or the old one would fire while the new one is typed
+        shortcut_->suspendShortcut(); // or the old one would fire while the new one is typed
     }
 }
 

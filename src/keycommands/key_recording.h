@@ -49,8 +49,8 @@ public:
     [[nodiscard]] RecorderImage image() const;
     /// The combination in the desktop's words ("Ctrl+Q"); "" while there is none.
     [[nodiscard]] std::string nativeName() const;
-    /// Why the combination could not be registered, for the user; "" when it could, or while
-    /// recording.
+    /// Why the combination could not be registered, or read, for the user; "" when it could, or
+    /// while recording.
     [[nodiscard]] std::string failureText() const;
     /// What a segment says of itself to somebody who does not see it.
     [[nodiscard]] std::string accessibleName(RecorderSegment segment) const;

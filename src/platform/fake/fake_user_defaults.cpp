@@ -34,8 +34,13 @@ void FakeUserDefaults::store(std::string_view key, DefaultsValue value, Defaults
 }
 
 void FakeUserDefaults::removeFromOutside(std::string_view key) {
+    erase(key, DefaultsChange::fromOutside);
+}
+
+void FakeUserDefaults::erase(std::string_view key, DefaultsChange change) {
     values_.erase(std::string(key));
-    notify(key, DefaultsChange::fromOutside);
+    garbled_.erase(std::string(key));
+    notify(key, change);
 }
 
 void FakeUserDefaults::garbleFromOutside(std::string_view key) {
@@ -45,12 +50,9 @@ void FakeUserDefaults::garbleFromOutside(std::string_view key) {
 }
 
 void FakeUserDefaults::remove(std::string_view key) {
-    const auto found = values_.find(key);
-    if (found == values_.end()) {
-        return;
+    if (contains(key)) {
+        erase(key, DefaultsChange::ours);
     }
-    values_.erase(found);
-    notify(key, DefaultsChange::ours);
 }
 
 Subscription FakeUserDefaults::observe(std::string_view key,

@@ -37,6 +37,7 @@ public:
 
 private:
     void store(std::string_view key, DefaultsValue value, DefaultsChange change);
+    void erase(std::string_view key, DefaultsChange change);
     void notify(std::string_view key, DefaultsChange change) const;
 
     std::map<std::string, DefaultsValue, std::less<>> values_;

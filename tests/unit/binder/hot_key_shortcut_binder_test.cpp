@@ -57,12 +57,15 @@ TEST_F(Binder, keyWithNoShortcutThatCanBeRead_bindsNothing) {
     store("no modifier", Key::q, {});
     bind("no modifier");
     platform.userDefaults.set("text", "Ctrl+Q");
-    bind("text");
     store("copied", Key::q, {Modifier::command});
     platform.userDefaults.set("other", *platform.userDefaults.find("copied"));
-    bind("other");
-    EXPECT_EQ(registered(), 0U);
     EXPECT_TRUE(platform.errorLog.entries.empty());
+    bind("text");
+    bind("other");
+    bind("other"); // as at each activation
+    EXPECT_EQ(registered(), 0U);
+    ASSERT_EQ(platform.errorLog.entries.size(), 2U);
+    EXPECT_EQ(platform.errorLog.entries[0].message, "The stored shortcut \"text\" cannot be used.");
 }
 
 TEST_F(Binder, boundAgain_takesTheShortcutThatIsStoredNow) {

@@ -63,6 +63,19 @@ TEST_F(FirstLaunch, laterLaunch_keepsTheRecordedShortcuts) {
     });
 }
 
+TEST_F(FirstLaunch, combinationOfAnotherProgram_isGuardedByTheFirstLaterLaunchThatCan) {
+    desktop_.hotKeys.takeByOther({12, 0x100});
+    const auto expectNothing = [&](KeyboardShortcutsModel&) {
+        EXPECT_TRUE(desktop_.hotKeys.registeredCombinations().empty());
+    };
+    launch(expectNothing);
+    launch(expectNothing);
+    desktop_.hotKeys.giveBackByOther({12, 0x100});
+    launch([&](KeyboardShortcutsModel&) {
+        EXPECT_EQ(desktop_.hotKeys.registeredCombinations(), (Combinations{{12, 0x100}}));
+    });
+}
+
 TEST_F(FirstLaunch, laterLaunch_keepsAClearedShortcutCleared) {
     launch([](KeyboardShortcutsModel& model) { model.quitApplicationCommand.remove(); });
     launch([&](KeyboardShortcutsModel&) {

@@ -55,18 +55,28 @@ TEST_F(KeyCommandTest, restart_restoresWhatWasRegistered) {
     EXPECT_FALSE(quit.isEnabled());
 }
 
-TEST_F(KeyCommandTest, restart_withDamagedOrForeignEntries_leavesTheCommandsEmptyAndSilent) {
+TEST_F(KeyCommandTest, restart_withDamagedOrForeignEntries_tellsAndKeepsThem) {
     quitCommand().enable();
     const Data quitEntry = *stored("quitApplication");
     platform.userDefaults.set("closeWindow", quitEntry); // names another command
     platform.userDefaults.set("quitApplication", Data{"{\"key\":12"});
     platform.userDefaults.set("third", quitEntry.bytes); // a text, not data
+    platform.userDefaults.garbleFromOutside("fourth");
     restart();
-    for (const char* name : {"closeWindow", "quitApplication", "third"}) {
-        EXPECT_EQ(command(name).key(), std::nullopt) << name;
-        EXPECT_THAT(command(name).modifiers(), IsEmpty()) << name;
+    for (const std::string name : {"closeWindow", "quitApplication", "third", "fourth"}) {
+        const KeyCommand restored = command(name);
+        EXPECT_EQ(restored.key(), std::nullopt) << name;
+        EXPECT_THAT(restored.modifiers(), IsEmpty()) << name;
+        EXPECT_EQ(platform.errorLog.entries.back().message,
+                  "The stored shortcut \"" + name + "\" cannot be used.");
+        ASSERT_TRUE(restored.proxy().registrationFailure()) << name;
+        EXPECT_TRUE(restored.proxy().registrationFailure()->isUnreadable) << name;
+        EXPECT_TRUE(platform.userDefaults.contains(name)) << "its owner may want to mend it";
     }
-    EXPECT_THAT(platform.errorLog.entries, IsEmpty());
+    EXPECT_EQ(platform.errorLog.entries.size(), 4U);
+    command("fourth").remove();
+    EXPECT_FALSE(platform.userDefaults.contains("fourth"));
+    EXPECT_EQ(command("fourth").proxy().registrationFailure(), std::nullopt);
 }
 
 TEST_F(KeyCommandTest, valuesWithEqualNames_areTheSameCommand) {
@@ -151,12 +161,18 @@ TEST_F(KeyCommandTest, combinationGivenBackByAnotherProgram_isTakenAtTheNextActi
     EXPECT_FALSE(quit.isEnabled());
 }
 
-TEST_F(KeyCommandTest, entryOfACommandThatCannotRegisterAtStart_isKeptForTheNextStart) {
+TEST_F(KeyCommandTest, entryOfACommandThatCannotRegister_isKeptForTheNextStart) {
     quitCommand().enable();
-    restart();
-    platform.hotKeys.takeByOther(commandQ);
+    platform.hotKeys.takeByOther(commandQ); // between the two halves of registering anew
     command("quitApplication").enable();
+    EXPECT_FALSE(command("quitApplication").isEnabled());
     EXPECT_NE(stored("quitApplication"), nullptr);
+    restart();
+    command("quitApplication").enable();
+    EXPECT_EQ(command("quitApplication").key(), Key::q);
+    EXPECT_NE(stored("quitApplication"), nullptr);
+    command("quitApplication").remove();
+    EXPECT_EQ(stored("quitApplication"), nullptr) << "nothing, on purpose";
 }
 
 TEST_F(KeyCommandTest, handlerInstallationFailure_isLoggedAndTriedAgainByTheNextRegistration) {

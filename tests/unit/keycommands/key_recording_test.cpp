@@ -65,6 +65,7 @@ TEST_F(KeyRecordingTest, whileRecording_theOldCombinationDoesNotFire_andTheWindo
     EXPECT_EQ(recorder->label(), "Type shortcut");
     EXPECT_EQ(recorder->image(), RecorderImage::escape);
     EXPECT_THAT(registered(), IsEmpty());
+    EXPECT_NE(stored("quitApplication"), nullptr) << "whatever ends the program now";
     EXPECT_EQ(platform.keyCapture.window, window);
     startRecording(); // the same segment again
     EXPECT_TRUE(isRecording());
@@ -269,6 +270,8 @@ TEST_F(KeyRecordingTest, combinationOfAnotherProgram_isToldAndTriedAgain) {
     EXPECT_EQ(recorder->nativeName(), "Ctrl+W");
     EXPECT_EQ(recorder->failureText(), "Another program has taken this shortcut.");
     EXPECT_EQ(recorder->image(), RecorderImage::record);
+    ASSERT_NE(stored("quitApplication"), nullptr) << "the user's choice, for the next start";
+    EXPECT_THAT(stored("quitApplication")->bytes, testing::StartsWith(R"({"key":13,)"));
     recorder->retryRegistration();
     EXPECT_EQ(platform.errorLog.entries.size(), 1U) << "one line for one cause";
     platform.hotKeys.giveBackByOther(commandW);
@@ -286,6 +289,21 @@ TEST_F(KeyRecordingTest, combinationOfTheOtherCommand_isNotBlamedOnAnotherProgra
     EXPECT_EQ(other->failureText(), "Dwellkey uses this shortcut already.");
     EXPECT_GT(changes, 0);
     EXPECT_THAT(registered(), ElementsAre(commandQ));
+    EXPECT_EQ(stored("closeWindow"), nullptr) << "the next start would give it to either";
+}
+
+TEST_F(KeyRecordingTest, unreadableEntry_isTold_untilAnotherTakesItsPlace) {
+    platform.userDefaults.setFromOutside("closeWindow", std::string("Ctrl+W"));
+    recorder = recorderOf(closeCommand());
+    EXPECT_THAT(recorder->failureText(), testing::HasSubstr("cannot be read"));
+    EXPECT_EQ(recorder->label(), "Record shortcut");
+    startRecording();
+    recorder->interrupt();
+    EXPECT_THAT(recorder->failureText(), testing::HasSubstr("cannot be read"));
+    startRecording();
+    type(Key::w, {Modifier::command});
+    EXPECT_EQ(recorder->failureText(), "");
+    EXPECT_NE(stored("closeWindow"), nullptr);
 }
 
 TEST_F(KeyRecordingTest, mouseDown_showsTheStateAnew_unlessAMenuIsOpen) {

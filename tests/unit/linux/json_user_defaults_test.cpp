@@ -62,14 +62,12 @@ TEST_F(JsonUserDefaultsTest, find_valuesThatFitNothing_areMissingButSurviveASave
     auto& store = open();
     for (const char* key : {"null", "nested", "mixed", "otherData", "badData"}) {
         EXPECT_EQ(store.find(key), nullptr) << key;
-        store.remove(key);
+        EXPECT_TRUE(store.contains(key)) << key;
     }
     store.set("nested", true);
+    store.remove("badData");
     open();
     EXPECT_EQ(text(), R"({
-    "badData": {
-        "$data64": "*"
-    },
     "large": 18446744073709551615,
     "mixed": [
         "a",
