@@ -5,13 +5,17 @@ namespace dwellkey {
 
 AppDelegate::AppDelegate(Platform& platform)
     : platform_(platform), prefsWindowController_(platform), aboutWindowController_(platform),
-      appStateManager_(AppStateManager::shared()), preferencesViewModel_(platform),
+      appStateManager_(AppStateManager::shared()),
+      preferencesViewModel_(platform, AlertManager::shared(),
+                            PreferencesViewModel::OutsideEdits::ignored),
       keyboardShortcutsModel_(KeyboardShortcutsModel::shared()) {}
 
 AppDelegate::AppDelegate(Platform& platform, AppStateManager& appStateManager,
                          KeyboardShortcutsModel& keyboardShortcutsModel)
     : platform_(platform), prefsWindowController_(platform), aboutWindowController_(platform),
-      appStateManager_(appStateManager), preferencesViewModel_(platform),
+      appStateManager_(appStateManager),
+      preferencesViewModel_(platform, AlertManager::shared(),
+                            PreferencesViewModel::OutsideEdits::ignored),
       keyboardShortcutsModel_(keyboardShortcutsModel) {}
 
 void AppDelegate::didFinishLaunching() {

@@ -10,14 +10,14 @@ namespace {
 constexpr std::string_view applicationSuffix = ".app";
 constexpr std::string_view desktopEntrySuffix = ".desktop";
 
-/// Every ".app" goes, wherever it stands: that rule is shared with lists that were written on other
-/// desktops. A desktop entry also loses its file suffix, first, so that what is removed from
-/// the middle cannot make up a new one. An entry called org.app.Foo.desktop thus becomes "org.Foo":
-/// no loss, for the name is shown only where an entry states none, and nothing is looked up by it.
+/// A desktop entry loses its file suffix and nothing else: it is what a missing application is
+/// listed by, and "io.appflowy.AppFlowy" has an ".app" of its own. Elsewhere every ".app" goes,
+/// wherever it stands: that rule is shared with lists that were written on other desktops.
 std::string nameOf(const Url& url) {
     std::string name = url.lastPathComponent();
     if (name.ends_with(desktopEntrySuffix)) {
         name.resize(name.size() - desktopEntrySuffix.size());
+        return name;
     }
     std::size_t at = name.find(applicationSuffix);
     while (at != std::string::npos) {

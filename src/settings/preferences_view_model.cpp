@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::string_view selectedAppScopeKey = "selectedAppScope";
 constexpr std::string_view appURLsKey = "appURLs";
+constexpr double defaultDelay = 2.0; // seconds
 
 /// Unlike an assertion it holds in what ships, too: going on would store a wrong setting.
 void require(bool condition, const char* rule) {
@@ -35,15 +36,19 @@ PreferencesViewModel& PreferencesViewModel::shared() {
     return *instance;
 }
 
-PreferencesViewModel::PreferencesViewModel(Platform& platform, AlertManager& alertManager)
+PreferencesViewModel::PreferencesViewModel(Platform& platform, AlertManager& alertManager,
+                                           OutsideEdits edits)
     : platform_(platform), alertManager_(alertManager),
       selectedAppScope_(*this, platform.userDefaults, selectedAppScopeKey,
                         std::string(rawValue(AppScopeMode::excludeApps))),
       showMenuBarIcon_(*this, platform.userDefaults, "showMenuBarIcon", true),
       startOnLogin_(*this, platform.userDefaults, "startOnLogin", false),
-      delayUntilActivation_(*this, platform.userDefaults, "delayUntilActivation", 2.0) {
+      delayUntilActivation_(*this, platform.userDefaults, "delayUntilActivation", defaultDelay) {
     loadApps();
     refreshAppsOnDisk();
+    if (edits == OutsideEdits::ignored) {
+        return;
+    }
     appURLsFromOutside_ = platform.userDefaults.observe(appURLsKey, [this](DefaultsChange change) {
         if (change == DefaultsChange::fromOutside) {
             takeOverAppsFromOutside();
@@ -123,13 +128,10 @@ void PreferencesViewModel::takeOverAppsFromOutside() {
     }
     std::vector<AppInfo> apps;
     for (const std::string& text : *texts) {
-        if (const auto url = Url::parse(text)) {
+        if (const auto url = addressIn(text)) {
             AppInfo app(*url, platform_);
             app.existsOnDisk = platform_.bundleReader.fileExists(url->path());
             apps.push_back(std::move(app));
-        } else {
-            platform_.errorLog.error("An application of the edited list is left out.",
-                                     "not a URL: " + text);
         }
     }
     objectWillChange.emit();
@@ -142,10 +144,22 @@ void PreferencesViewModel::loadApps() {
         return;
     }
     for (const std::string& text : *texts) {
-        if (const auto url = Url::parse(text)) {
+        if (const auto url = addressIn(text)) {
             appendApp(AppInfo(*url, platform_));
         }
     }
+    if (apps_.empty() && !texts->empty()) {
+        saveApps(); // as every application of a list that has one does: what is told is gone
+    }
+}
+
+std::optional<Url> PreferencesViewModel::addressIn(const std::string& text) const {
+    auto url = text.starts_with('/') ? Url::fromPath(text) : Url::parse(text);
+    if (!url) {
+        platform_.errorLog.error("An application of the list is left out.",
+                                 "neither an address nor a path: " + text);
+    }
+    return url;
 }
 
 void PreferencesViewModel::refreshAppsOnDisk() {
@@ -186,6 +200,11 @@ void PreferencesViewModel::refreshLoginItemStatus() {
     isUpdatingLoginItem_ = true;
     setStartOnLogin(platform_.loginItem.status() == LoginItemStatus::enabled);
     isUpdatingLoginItem_ = false;
+}
+
+double PreferencesViewModel::delayUntilActivation() const {
+    const double stored = delayUntilActivation_.get();
+    return std::isfinite(stored) && stored > 0.0 ? stored : defaultDelay;
 }
 
 double PreferencesViewModel::delaySliderValue() const {

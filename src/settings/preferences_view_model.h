@@ -30,9 +30,15 @@ public:
     /// The process's instance, made on first use and never destroyed.
     static PreferencesViewModel& shared();
 
-    /// Loads the list and marks what is on disk. Both references must outlive the model.
+    /// Whether the list becomes what somebody writes into the settings file.
+    enum class OutsideEdits { followed, ignored };
+
+    /// Loads the list and marks what is on disk. A stored text is the address of an application, or
+    /// the plain path of its file; what is neither is logged and left out. Both references must
+    /// outlive the model.
     explicit PreferencesViewModel(Platform& platform = Platform::shared(),
-                                  AlertManager& alertManager = AlertManager::shared());
+                                  AlertManager& alertManager = AlertManager::shared(),
+                                  OutsideEdits edits = OutsideEdits::followed);
 
     /// The choices of the scope picker, in its order.
     [[nodiscard]] const std::vector<AppScopeMode>& appScopeOptions() const {
@@ -62,8 +68,8 @@ public:
     /// goes back and the alert manager tells the user.
     void setStartOnLogin(bool starts);
 
-    /// How long a guarded shortcut must be held, in seconds. Allocates nothing.
-    [[nodiscard]] double delayUntilActivation() const { return delayUntilActivation_.get(); }
+    /// How long a guarded shortcut must be held, in seconds; more than 0. Allocates nothing.
+    [[nodiscard]] double delayUntilActivation() const;
     void setDelayUntilActivation(double seconds) { delayUntilActivation_.set(seconds); }
 
     /// Index of the delay option nearest to `delayUntilActivation`; the slower of two as near.
@@ -92,6 +98,7 @@ private:
     void loadApps();
     void takeOverAppsFromOutside();
     [[nodiscard]] std::optional<std::vector<std::string>> storedAppURLs() const;
+    [[nodiscard]] std::optional<Url> addressIn(const std::string& text) const;
 
     Platform& platform_;
     AlertManager& alertManager_;

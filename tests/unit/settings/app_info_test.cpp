@@ -28,10 +28,10 @@ TEST_F(AppInfoTest, name_isTheLastPathComponentWithoutItsSuffixes) {
         {"/opt/My Tool.APP", "My Tool.APP"},
         {"/usr/share/applications/firefox.desktop", "firefox"},
         {"/usr/share/applications/org.gnome.Nautilus.desktop", "org.gnome.Nautilus"},
-        {"/usr/share/applications/org.app.Foo.desktop", "org.Foo"},
+        {"/usr/share/applications/org.app.Foo.desktop", "org.app.Foo"},
+        {"/usr/share/applications/io.appflowy.AppFlowy.desktop", "io.appflowy.AppFlowy"},
         {"/usr/share/applications/a.desktop.desktop", "a.desktop"},
         {"/usr/share/applications/a.desktop.b", "a.desktop.b"},
-        {"/usr/share/applications/a.desk.apptop", "a.desktop"},
         {"/srv/.desktop", ""},
     };
     for (const auto& [path, name] : cases) {

@@ -40,14 +40,23 @@ TEST_F(ApplicationList, freshInstall_isEmptyAndStoresNothing) {
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(ApplicationList, loading_keepsOrderAndDuplicatesAndDropsWhatIsNoUrl) {
-    store({"file:///apps/b.desktop", "no url", "file:///apps/a.desktop", "file:///apps/b.desktop"});
+TEST_F(ApplicationList, loading_keepsOrderAndDuplicates_takesPathsAndTellsWhatItDrops) {
+    store({"/apps/b.desktop", "~/no.desktop", "file:///apps/a.desktop", "file:///apps/b.desktop"});
     const auto preferences = make();
     const Strings good{"file:///apps/b.desktop", "file:///apps/a.desktop",
                        "file:///apps/b.desktop"};
     EXPECT_EQ(urlsOf(preferences), good);
     EXPECT_EQ(stored(), good);
     EXPECT_EQ(writes(), 6U) << "once for each application loaded, once for each refreshed";
+    ASSERT_EQ(fake_.errorLog.entries.size(), 1U);
+    EXPECT_EQ(fake_.errorLog.entries[0].cause, "neither an address nor a path: ~/no.desktop");
+}
+
+TEST_F(ApplicationList, loading_listWithoutAnyAddress_isToldOnceThoughTwoModelsLoad) {
+    store({"no url"});
+    EXPECT_TRUE(make().apps().empty());
+    EXPECT_TRUE(make().apps().empty());
+    EXPECT_EQ(fake_.errorLog.entries.size(), 1U);
 }
 
 TEST_F(ApplicationList, loading_whatIsNoListOfTexts_leavesItAlone) {

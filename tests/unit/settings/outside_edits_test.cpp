@@ -30,12 +30,16 @@ protected:
 TEST_F(EditedList, anotherList_isTakenOverAndTheFileLeftAsItWasWritten) {
     int announced = 0;
     const auto watch = preferences.objectWillChange.subscribe([&] { ++announced; });
-    const Texts edited{"file:///apps/two.desktop", "no url", "file:///apps/three.desktop"};
+    PreferencesViewModel deaf(platform.platform(), alerts,
+                              PreferencesViewModel::OutsideEdits::ignored);
+    const Texts edited{"file:///apps/two.desktop", "no url", "/apps/three.desktop"};
     platform.userDefaults.setFromOutside("appURLs", edited);
     EXPECT_EQ(names(), (Texts{"two", "three"}));
     EXPECT_EQ(*platform.userDefaults.find("appURLs"), DefaultsValue(edited));
     EXPECT_EQ(announced, 1);
-    EXPECT_EQ(platform.errorLog.entries.size(), 1U) << "the line that is no URL";
+    ASSERT_EQ(platform.errorLog.entries.size(), 1U) << "once, whatever the number of models";
+    EXPECT_EQ(platform.errorLog.entries[0].cause, "neither an address nor a path: no url");
+    EXPECT_EQ(deaf.apps().size(), 1U);
 }
 
 TEST_F(EditedList, listTakenOut_isEmpty) {

@@ -49,9 +49,16 @@ TEST_F(Preferences, assignments_areStoredUnderTheirKeys) {
 
 TEST_F(Preferences, wrongValuesInTheStore_readAsDefaults) {
     fake_.userDefaults.setFromOutside("showMenuBarIcon", "no");
-    fake_.userDefaults.setFromOutside("delayUntilActivation", "1.0");
     EXPECT_TRUE(preferences_.showMenuBarIcon());
-    EXPECT_DOUBLE_EQ(preferences_.delayUntilActivation(), 2.0);
+    using Limits = std::numeric_limits<double>;
+    for (const DefaultsValue& wrong :
+         {DefaultsValue("1.0"), DefaultsValue(0.0), DefaultsValue(std::int64_t{0}),
+          DefaultsValue(-5.0), DefaultsValue(Limits::infinity()),
+          DefaultsValue(Limits::quiet_NaN())}) {
+        fake_.userDefaults.setFromOutside("delayUntilActivation", wrong);
+        EXPECT_DOUBLE_EQ(preferences_.delayUntilActivation(), 2.0);
+        EXPECT_DOUBLE_EQ(preferences_.delaySliderValue(), 3.0);
+    }
     for (const DefaultsValue& wrong : {DefaultsValue("some other text"), DefaultsValue(true)}) {
         fake_.userDefaults.setFromOutside("selectedAppScope", wrong);
         EXPECT_EQ(preferences_.selectedAppScope(), AppScopeMode::excludeApps);
@@ -71,9 +78,9 @@ TEST_F(Preferences, editFromOutside_isAnnounced) {
 
 TEST_F(Preferences, sliderRead_showsTheNearestDelayAndTheSlowerOfTwo) {
     const std::pair<double, double> cases[] = {
-        {3.0, 0},  {2.7, 1},   {2.2, 2},  {1.9, 3},  {1.4, 4}, {1.05, 5},
-        {0.85, 6}, {0.6, 7},   {0.4, 8},  {0.25, 9}, {2.0, 3}, {1.65, 3},
-        {2.45, 1}, {1.649, 4}, {2.06, 2}, {60.0, 0}, {0.0, 9}, {-5.0, 9},
+        {3.0, 0},  {2.7, 1},   {2.2, 2},  {1.9, 3},  {1.4, 4},  {1.05, 5},
+        {0.85, 6}, {0.6, 7},   {0.4, 8},  {0.25, 9}, {2.0, 3},  {1.65, 3},
+        {2.45, 1}, {1.649, 4}, {2.06, 2}, {60.0, 0}, {0.01, 9},
     };
     for (const auto& [delay, slider] : cases) {
         preferences_.setDelayUntilActivation(delay);
