@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/default_file_manager.h"
 
+#include "platform/linux/exec_command.h"
 #include "platform/linux/text_file.h"
 
 #include <algorithm>
@@ -25,22 +26,8 @@ bool isList(std::string_view name, bool isFolder) {
     return !isFolder && name.ends_with(listName);
 }
 
-/// Applications that say of themselves that they open folders.
-std::optional<std::string> firstWilling(const std::vector<InstalledApplication>& applications,
-                                        const std::set<std::string>& removed) {
-    const InstalledApplication* first = nullptr;
-    for (const InstalledApplication& application : applications) {
-        if (!contains(application.entry.mimeTypes, folderType)
-            || removed.contains(application.id)) {
-            continue;
-        }
-        // Editors and disk tools also open folders; no one would call them the file manager.
-        if (contains(application.entry.categories, "FileManager")) {
-            return application.id;
-        }
-        first = first == nullptr ? &application : first;
-    }
-    return first == nullptr ? std::nullopt : std::optional(first->id);
+bool saysItManagesFiles(const InstalledApplication& application) {
+    return contains(application.entry.categories, "FileManager");
 }
 
 } // namespace
@@ -68,7 +55,8 @@ std::optional<std::string> DefaultFileManager::found() const {
     std::set<std::string> removed;
     std::vector<std::string> added;
     const auto isUsable = [&](const std::string& id) {
-        return !removed.contains(id) && index_.byId(id) != nullptr;
+        const InstalledApplication* application = index_.byId(id);
+        return !removed.contains(id) && application != nullptr && managesFiles(*application);
     };
     for (const std::string& folder : listFolders()) {
         watch_.add(folder, isList);
@@ -81,7 +69,32 @@ std::optional<std::string> DefaultFileManager::found() const {
         }
         std::ranges::copy_if(choices.added, std::back_inserter(added), isUsable);
     }
-    return added.empty() ? firstWilling(index_.applications(), removed) : added.front();
+    return added.empty() ? firstWilling(removed) : std::optional(added.front());
+}
+
+/// Of those that say of themselves that they open folders.
+std::optional<std::string>
+DefaultFileManager::firstWilling(const std::set<std::string>& removed) const {
+    const auto& applications = index_.applications();
+    const auto first = std::ranges::find_if(applications, [&](const auto& application) {
+        return contains(application.entry.mimeTypes, folderType)
+               && !removed.contains(application.id) && managesFiles(application);
+    });
+    return first == applications.end() ? std::nullopt : std::optional(first->id);
+}
+
+/// Editors and disk tools also open folders, and may be the user's choice for that; no one would
+/// call them the file manager. Some file managers do it with a second, hidden entry of the same
+/// program, which states no category.
+bool DefaultFileManager::managesFiles(const InstalledApplication& application) const {
+    if (saysItManagesFiles(application)) {
+        return true;
+    }
+    const auto program = programOf(application.entry);
+    return program && std::ranges::any_of(index_.applications(), [&](const auto& other) {
+               const auto its = programOf(other.entry);
+               return its && its->name == program->name && saysItManagesFiles(other);
+           });
 }
 
 std::vector<std::string> DefaultFileManager::listFolders() const {

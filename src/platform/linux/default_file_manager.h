@@ -10,6 +10,7 @@
 #include "support/signal.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,9 +23,10 @@ public:
     DefaultFileManager(RunLoop& runLoop, const DesktopEntryIndex& index, BaseFolders folders,
                        std::vector<std::string> desktops);
 
-    /// The identifier of the installed application that opens folders: the user's choice, the
-    /// desktop's, or else one that says it can, file managers first. Absent without any. Read at
-    /// the first question and again at the first one after a change.
+    /// The identifier of the installed file manager (its entry, or another one of its program, has
+    /// that category) that opens folders: the user's choice, the desktop's, or else one that says
+    /// it can. Absent without any. Read at the first question and again at the first one after a
+    /// change.
     [[nodiscard]] const std::optional<std::string>& identifier() const;
 
 private:
@@ -33,6 +35,9 @@ private:
     };
 
     [[nodiscard]] std::optional<std::string> found() const;
+    [[nodiscard]] std::optional<std::string>
+    firstWilling(const std::set<std::string>& removed) const;
+    [[nodiscard]] bool managesFiles(const InstalledApplication& application) const;
     [[nodiscard]] std::vector<std::string> listFolders() const;
     [[nodiscard]] MimeApplications choicesIn(const std::string& folder) const;
 

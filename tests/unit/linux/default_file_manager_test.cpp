@@ -39,21 +39,29 @@ private:
     }
 };
 
-TEST_F(DefaultFileManagerTest, without_a_choice_a_file_manager_comes_before_other_openers) {
-    EXPECT_EQ(current(), "none");
+TEST_F(DefaultFileManagerTest, editor_that_opens_folders_is_none_even_by_choice) {
     installHandler("code", "Development;");
-    EXPECT_EQ(current(), "code");
+    EXPECT_EQ(current(), "none");
+    writeList("config/mimeapps.list", "Default Applications", "code.desktop;");
+    EXPECT_EQ(current(), "none");
     installHandler("files", "System;FileManager;");
     EXPECT_EQ(current(), "files");
     writeList("config/mimeapps.list", "Removed Associations", "files.desktop;");
-    EXPECT_EQ(current(), "code");
+    EXPECT_EQ(current(), "none");
+}
+
+TEST_F(DefaultFileManagerTest, hidden_entry_of_a_file_manager_counts) {
+    install("usr/applications/files.desktop", "Exec=files %U\nCategories=FileManager;\n");
+    install("usr/applications/open-folder.desktop", "Exec=files\nNoDisplay=true\n");
+    writeList("etc/mimeapps.list", "Default Applications", "open-folder.desktop;");
+    EXPECT_EQ(current(), "open-folder");
 }
 
 TEST_F(DefaultFileManagerTest, choices_count_by_the_weight_of_their_list) {
     installHandler("files", "FileManager;");
-    install("usr/applications/a.desktop", "");
-    install("usr/applications/b.desktop", "");
-    install("usr/applications/c.desktop", "");
+    for (const char* id : {"a", "b", "c"}) {
+        installHandler(id, "FileManager;");
+    }
     writeList("usr/applications/mimeapps.list", "Added Associations", "a.desktop;");
     EXPECT_EQ(current(), "a");
     writeList("usr/applications/gnome-mimeapps.list", "Default Applications", "b.desktop;");
