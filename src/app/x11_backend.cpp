@@ -178,6 +178,9 @@ private:
             });
         });
         static_cast<void>(linux_.entries.applications()); // looks, and so begins to watch
+        for (const std::string& folder : linux_.entries.leftOut()) {
+            errorLog.error("Some folders of applications are left out.", folder);
+        }
         if (const auto& problem = linux_.entries.watchProblem()) {
             errorLog.error("Newly installed applications go unnoticed until the next start.",
                            *problem);

@@ -191,6 +191,10 @@ const std::vector<DesktopEntryProblem>& DesktopEntryIndex::skipped() const {
     return tables().scanned.skipped;
 }
 
+const std::vector<std::string>& DesktopEntryIndex::leftOut() const {
+    return tables().scanned.leftOut;
+}
+
 const std::optional<std::string>& DesktopEntryIndex::watchProblem() const {
     tables();
     return watch_.problem();

@@ -56,6 +56,9 @@ public:
     /// Entries that could not be used, with the cause.
     [[nodiscard]] const std::vector<DesktopEntryProblem>& skipped() const;
 
+    /// Lines that say which folders were not read, and why.
+    [[nodiscard]] const std::vector<std::string>& leftOut() const;
+
     /// Why later changes go unnoticed; absent while they do not.
     [[nodiscard]] const std::optional<std::string>& watchProblem() const;
 

@@ -23,11 +23,15 @@ struct ScannedApplications {
     std::vector<InstalledApplication> applications;
     /// Entries that could not be used, with the cause. They hide nothing.
     std::vector<DesktopEntryProblem> skipped;
+    /// A line for each of the folders of which something was not read: it leads too deep, or to too
+    /// many others.
+    std::vector<std::string> leftOut;
 };
 
 /// Reads all entries below the folders, an earlier folder's entry hiding those of its id behind
 /// it. `willRead` is called with each folder and subfolder before it is read. Folders that do not
-/// exist are empty.
+/// exist are empty. Links to folders are followed, each folder is read once, and both the depth and
+/// the number of subfolders are bounded.
 ScannedApplications scanApplicationFolders(const std::vector<std::string>& folders,
                                            const LocaleNames& locales,
                                            const std::function<void(const std::string&)>& willRead);

@@ -49,6 +49,22 @@ TEST_F(DesktopEntryIndexTest, subfolders_and_links_are_followed_and_loops_surviv
     EXPECT_EQ(index_.skipped().size(), 2U);
 }
 
+TEST_F(DesktopEntryIndexTest, folders_that_lead_too_far_are_left_out_and_told) {
+    namespace fs = std::filesystem;
+    for (int i = 0; i < 600; ++i) {
+        fs::create_directories(scratch_ / ("elsewhere/" + std::to_string(i)));
+    }
+    install("usr/applications/z/1/2/3/4/5/6/7/near.desktop", "");
+    install("usr/applications/z/1/2/3/4/5/6/7/8/far.desktop", "");
+    fs::create_directory_symlink(scratch_ / "elsewhere", scratch_ / "usr/applications/a");
+    install("home/applications/whole.desktop", "");
+    EXPECT_NE(index_.byId("z-1-2-3-4-5-6-7-near"), nullptr) << "behind a link is last";
+    EXPECT_EQ(index_.byId("z-1-2-3-4-5-6-7-8-far"), nullptr);
+    EXPECT_THAT(index_.leftOut(),
+                ElementsAre(::testing::StartsWith(scratch_ / "usr/applications leads")));
+    EXPECT_EQ(index_.watchProblem(), std::nullopt);
+}
+
 TEST_F(DesktopEntryIndexTest, startup_class_is_matched_exactly_before_other_capitals) {
     install("usr/applications/a.desktop", "StartupWMClass=term");
     install("usr/applications/b.desktop", "StartupWMClass=Term");
