@@ -69,7 +69,7 @@ std::string JsonUserDefaults::defaultPath() {
 }
 
 void JsonUserDefaults::load() {
-    auto content = file_.read();
+    auto content = file_.readWhenWritten();
     if (std::holds_alternative<SettingsFile::Damaged>(content)) {
         // Another process may be mending it this moment; under the lock we see what it made.
         const FileLock lock = lockBriefly();
@@ -110,8 +110,8 @@ void JsonUserDefaults::set(std::string_view key, DefaultsValue value) {
 }
 
 void JsonUserDefaults::remove(std::string_view key) {
-    if (find(key) != nullptr) {
-        settings_.erase(settings_.find(key));
+    if (const auto found = settings_.find(key); found != settings_.end()) {
+        settings_.erase(found);
         markPending(key);
     }
 }
@@ -149,18 +149,21 @@ void JsonUserDefaults::saveWhenUnlocked() {
         return;
     }
     const FileLock lock = file_.tryLock();
-    if (lock.state() == FileLock::State::busy && ++lockAttempts_ < mostLockAttempts) {
+    const bool isBusy = lock.state() == FileLock::State::busy && ++lockAttempts_ < mostLockAttempts;
+    const auto content = file_.read();
+    if (isBusy || file_.isUnfinished(content)) {
         if (!lockRetry_.isActive()) {
             lockRetry_ = loop_.repeat(lockRetryInterval, [this] { saveWhenUnlocked(); });
         }
         return;
     }
-    save(lock);
+    save(lock, content);
 }
 
 void JsonUserDefaults::saveNow() {
     if (!pending_.empty()) {
-        save(lockBriefly());
+        const FileLock lock = lockBriefly();
+        save(lock, file_.readWhenWritten());
     }
 }
 
@@ -174,7 +177,8 @@ FileLock JsonUserDefaults::lockBriefly() const {
     return lock;
 }
 
-void JsonUserDefaults::save(const FileLock& lock) {
+/// `content` is what the file holds.
+void JsonUserDefaults::save(const FileLock& lock, const SettingsFile::Content& content) {
     saveIsPosted_ = false;
     lockAttempts_ = 0;
     lockRetry_.cancel();
@@ -184,7 +188,6 @@ void JsonUserDefaults::save(const FileLock& lock) {
     } else if (!std::exchange(leftoversRemoved_, true)) {
         file_.removeLeftovers();
     }
-    const auto content = file_.read();
     if (const auto* unreadable = std::get_if<SettingsFile::Unreadable>(&content)) {
         complain(saveComplaint_, message, unreadable->cause);
         return;

@@ -25,6 +25,8 @@ namespace dwellkey {
 /// - A save that fails is logged once for each cause; the values stay, and the next `set`, change
 ///   of the file, or `synchronize` tries again.
 /// - A damaged file is renamed, never overwritten: when the store opens, or when a save finds it.
+/// If
+///   it was just written, its editor may have done half of that and gets a moment for the rest.
 ///   One that an edit from outside left behind is only logged, and the values in force stay: the
 ///   editor that wrote it is likely still open, and its user about to mend it.
 /// - A file that cannot be read is left alone; the values then live in memory.
@@ -59,7 +61,7 @@ private:
     void scheduleSave();
     void saveWhenUnlocked();
     void saveNow();
-    void save(const FileLock& lock);
+    void save(const FileLock& lock, const SettingsFile::Content& content);
     [[nodiscard]] bool setAside(const SettingsFile::Damaged& damage);
     void overlayPending(SettingsDocument& settings) const;
     void adopt(SettingsDocument settings);

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/settings_file.h"
 
+#include "platform/linux/inotify_events.h"
+
 #include <array>
 #include <cerrno>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 
 namespace dwellkey {
@@ -44,6 +48,18 @@ SettingsFile::Content readFrom(int descriptor) {
     }
 }
 
+// Between the two halves of an editor's save: it empties the file, then it writes it.
+constexpr std::chrono::nanoseconds editorsPatience = std::chrono::seconds(1);
+
+/// Returns after an event, or when the time is over.
+void awaitEvent(int inotify, std::chrono::nanoseconds longest) {
+    pollfd watched{inotify, POLLIN, 0};
+    const auto whole = std::chrono::ceil<std::chrono::milliseconds>(longest);
+    if (::poll(&watched, 1, static_cast<int>(whole.count())) > 0) {
+        readInotifyEvents(inotify, [](const auto&, const char*) {});
+    }
+}
+
 std::string timeStamp() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
@@ -75,6 +91,43 @@ SettingsFile::Content SettingsFile::read() const {
         return tooLarge();
     }
     return readFrom(file.get());
+}
+
+SettingsFile::Content SettingsFile::readWhenWritten() const {
+    using Clock = std::chrono::steady_clock;
+    Content content = read();
+    const auto patience = unfinishedFor();
+    if (!std::holds_alternative<Damaged>(content) || patience <= patience.zero()) {
+        return content;
+    }
+    const auto deadline = Clock::now() + patience;
+    const FileDescriptor inotify(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+    const std::string folder = std::filesystem::path(path_).parent_path();
+    ::inotify_add_watch(inotify.get(), path_.c_str(), IN_MODIFY); // through links
+    ::inotify_add_watch(inotify.get(), folder.c_str(), IN_MODIFY | IN_MOVED_TO);
+    for (auto left = patience; left > left.zero(); left = deadline - Clock::now()) {
+        content = read(); // again, for what was written before we watched
+        if (!std::holds_alternative<Damaged>(content)) {
+            break;
+        }
+        awaitEvent(inotify.get(), left);
+    }
+    return content;
+}
+
+bool SettingsFile::isUnfinished(const Content& content) const {
+    return std::holds_alternative<Damaged>(content) && unfinishedFor() > std::chrono::seconds(0);
+}
+
+std::chrono::nanoseconds SettingsFile::unfinishedFor() const {
+    struct stat status {};
+    if (::stat(path_.c_str(), &status) != 0) {
+        return {};
+    }
+    const auto written = std::chrono::seconds(status.st_mtim.tv_sec)
+                         + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+    const auto age = std::chrono::system_clock::now().time_since_epoch() - written;
+    return age < age.zero() ? std::chrono::nanoseconds(0) : editorsPatience - age;
 }
 
 std::optional<FileError> SettingsFile::write(const SettingsDocument& settings) const {

@@ -5,6 +5,7 @@
 #include "platform/linux/atomic_file.h"
 #include "platform/linux/settings_format.h"
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -34,6 +35,12 @@ public:
     [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] Content read() const;
 
+    /// The same, but when the file is damaged and was written within the last second, waits for its
+    /// writer to go on, until it is damaged no more or that second is over.
+    [[nodiscard]] Content readWhenWritten() const;
+    /// Whether that would wait with this content.
+    [[nodiscard]] bool isUnfinished(const Content& content) const;
+
     /// Makes the folder if it must; on an error what was there is untouched.
     std::optional<FileError> write(const SettingsDocument& settings) const;
 
@@ -49,6 +56,9 @@ public:
 
 private:
     [[nodiscard]] std::optional<FileError> makeFolder() const;
+    /// How much longer its writer may need; not more than zero when that is over.
+    [[nodiscard]] std::chrono::nanoseconds unfinishedFor() const;
+
     std::string path_;
 };
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <random>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -24,6 +25,11 @@ class SettingsRecoveryTest : public SettingsTest {
 protected:
     std::vector<std::string> namesStartingWith(std::string_view prefix) const {
         return testing::namesIn(fs::path(path).parent_path(), prefix);
+    }
+    /// So that no editor can be at it any more.
+    void writeLongAgo(std::string_view contents) const {
+        write(contents);
+        fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(1));
     }
     std::string damagedText(std::size_t index) const {
         return testing::readFile(fs::path(path).parent_path()
@@ -80,7 +86,7 @@ TEST_F(SettingsRecoveryTest, open_damagedFile_isSetAsideWholeAndTheStoreStartsEm
         std::string(SettingsFile::largestSize + 1, ' '),
     };
     for (std::size_t i = 0; i < damaged.size(); ++i) {
-        write(damaged[i]);
+        writeLongAgo(damaged[i]);
         open();
         EXPECT_EQ(opened->find("a"), nullptr);
         EXPECT_FALSE(fs::exists(path));
@@ -107,10 +113,53 @@ TEST_F(SettingsRecoveryTest, edit_leavesTheFileDamaged_valuesStayAndAMendedFileC
     EXPECT_THAT(log.entries, SizeIs(1));
 }
 
+/// Waits for the next reader of an emptied file before it writes the rest, like an editor whose
+/// save the reader met in the middle.
+pid_t startSlowEditor(const std::string& path, const std::string& contents) {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+    const FileDescriptor reader(ends[0]);
+    FileDescriptor writer(ends[1]);
+    testing::writeFile(path, "");
+    const pid_t editor = startProcess([&] {
+        const FileDescriptor inotify(inotify_init1(IN_CLOEXEC));
+        inotify_add_watch(inotify.get(), path.c_str(), IN_CLOSE_NOWRITE);
+        static_cast<void>(!::write(writer.get(), "r", 1));
+        std::array<char, 512> event{};
+        static_cast<void>(!::read(inotify.get(), event.data(), event.size()));
+        testing::writeFile(path, contents);
+    });
+    writer.close();
+    char isReady = 0;
+    EXPECT_EQ(::read(reader.get(), &isReady, 1), 1);
+    return editor;
+}
+
+TEST_F(SettingsRecoveryTest, editorThatHasOnlyEmptiedTheFile_getsAMomentForTheRest) {
+    const pid_t editor = startSlowEditor(path, R"({"a":1})");
+    auto& store = open();
+    waitpid(editor, nullptr, 0);
+    EXPECT_EQ(number("a"), 1);
+
+    write(""); // once more, and now it meets our save
+    store.set("b", std::int64_t{2});
+    loop.runPosted();
+    write(R"({"a":3})");
+    EXPECT_TRUE(loop.runUntil([&] { return text().find("\"b\"") != std::string::npos; }));
+    EXPECT_EQ(text(), "{\n    \"a\": 3,\n    \"b\": 2\n}\n");
+
+    const pid_t another = startSlowEditor(path, R"({"a":4})");
+    store.set("b", std::int64_t{5});
+    store.synchronize(); // the program ends
+    waitpid(another, nullptr, 0);
+    EXPECT_EQ(text(), "{\n    \"a\": 4,\n    \"b\": 5\n}\n");
+    EXPECT_THAT(namesStartingWith("settings.json.damaged-"), IsEmpty());
+}
+
 TEST_F(SettingsRecoveryTest, save_findsADamagedFile_setsItAsideAndSavesAllValues) {
     write(R"({"a":1})");
     auto& store = open();
-    write("damaged");
+    writeLongAgo("damaged");
     store.set("b", std::int64_t{2});
     store.synchronize();
     EXPECT_EQ(damagedText(0), "damaged");
