@@ -6,18 +6,23 @@
 #include "binder/handler.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace dwellkey {
 namespace {
 constexpr int statusLost = 1;
 } // namespace
 
-BinderApp::BinderApp(Backend& backend)
-    : backend_(backend), loader_(backend.platform().bundleReader, backend.platform().errorLog),
+BinderApp::BinderApp(Backend& backend, Launch own, SingleInstance* instance)
+    : backend_(backend), own_(std::move(own)), instance_(instance),
+      loader_(backend.platform().bundleReader, backend.platform().errorLog),
       interfaceFiles_(backend.platform().panelSupport),
       shortcutBinder_(backend.platform().hotKeys, backend.platform().userDefaults,
                       backend.platform().errorLog),
       preferences_(backend.platform()),
+      terminationRequested_(backend.terminationRequested.subscribe([this] {
+          untilRelease_ = onRelease(backend_.platform(), [this] { backend_.quit(0); });
+      })),
       lost_(backend.lost.subscribe([this](std::string_view cause) {
           Platform& platform = backend_.platform();
           platform.errorLog.error("Dwellkey ends: the desktop is gone.", cause);
@@ -40,10 +45,26 @@ BinderApp::~BinderApp() {
 
 int BinderApp::run() {
     Platform& platform = backend_.platform();
-    platform.runLoop.post([this] { preferences_.showWindow(); });
+    platform.runLoop.post([this] { beginListening(); });
     const int status = backend_.run();
     platform.userDefaults.synchronize();
     return status;
+}
+
+void BinderApp::beginListening() {
+    if (instance_ != nullptr) {
+        startedAgain_ = instance_->socket().startedAgain.subscribe([this](const Launch& launch) {
+            showPreferences(launch);
+            backend_.platform().workspace.activateOurselves();
+        });
+        instance_->socket().attach(backend_.platform().runLoop);
+    }
+    showPreferences(own_);
+}
+
+void BinderApp::showPreferences(const Launch& launch) {
+    preferences_.showWindow();
+    backend_.endStartupNotification(launch.startupId);
 }
 
 } // namespace dwellkey

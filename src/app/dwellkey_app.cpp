@@ -5,13 +5,11 @@
 
 #include <QKeySequence>
 #include <QShortcut>
-#include <chrono>
 #include <cstdlib>
 
 namespace dwellkey {
 namespace {
 constexpr int statusLost = 1;
-constexpr std::chrono::milliseconds releaseInterval{20}; // between two looks at the keys
 } // namespace
 
 DwellkeyApp::DwellkeyApp(Backend& backend)
@@ -28,7 +26,9 @@ DwellkeyApp::DwellkeyApp(Backend& backend)
           [this](bool) { followTimerViewOnce_.schedule(); })),
       timerViewSteps_(timerManager_.isTimerViewAside.willChange.subscribe(
           [this](bool) { followTimerViewOnce_.schedule(); })),
-      terminationRequested_(backend.terminationRequested.subscribe([this] { quitAfterRelease(); })),
+      terminationRequested_(backend.terminationRequested.subscribe([this] {
+          untilRelease_ = onRelease(backend_.platform(), [this] { backend_.quit(0); });
+      })),
       lost_(backend.lost.subscribe([this](std::string_view cause) { desktopIsGone(cause); })),
       suddenExit_(onSuddenExit([this] { desktopIsGone("the toolkit lost the X server"); })),
       termination_(onTerminationSignal(backend.platform().runLoop, [this] { backend_.quit(0); })) {
@@ -96,17 +96,6 @@ PreferencesView& DwellkeyApp::preferencesView() {
             backend_.platform());
     }
     return *preferencesView_;
-}
-
-/// The keys are likely still down. Without us the repeats of them would reach the next window, and
-/// quit that.
-void DwellkeyApp::quitAfterRelease() {
-    Platform& platform = backend_.platform();
-    untilRelease_ = platform.runLoop.repeat(releaseInterval, [this, &platform] {
-        if (!platform.hotKeys.confirmPressed()) {
-            backend_.quit(0);
-        }
-    });
 }
 
 /// Opens the panel when it came to be wanted. Leaving is the panel's own affair.

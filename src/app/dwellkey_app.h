@@ -46,7 +46,6 @@ private:
     TimerView& timerView();
     PreferencesView& preferencesView();
     void followTimerView();
-    void quitAfterRelease();
 
     Backend& backend_;
     AppDelegate appDelegate_;

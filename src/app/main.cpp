@@ -2,11 +2,11 @@
 #include "app/backend.h"
 #include "app/dwellkey_app.h"
 #include "app/launches.h"
+#include "app/single_start.h"
 #include "app/termination.h"
 #include "platform/linux/environment.h"
 #include "platform/linux/launch.h"
 #include "platform/linux/linux_error_log.h"
-#include "platform/linux/single_instance.h"
 #include "platform/platform.h"
 
 #include <cstdlib>
@@ -35,22 +35,13 @@ int start(int argc, char** argv) {
     LinuxErrorLog errorLog;
     const Environment environment = processEnvironment();
     Launch launch = Launch::from(environment);
-    auto claim = SingleInstance::claim(SingleInstance::Place::from(environment), launch, {});
-    if (std::holds_alternative<SingleInstance::Answered>(claim)) {
-        return EXIT_SUCCESS;
+    const SingleStart claim =
+        claimDisplay(SingleInstance::Place::from(environment), launch, errorLog);
+    if (const auto* status = std::get_if<int>(&claim)) {
+        return *status;
     }
-    if (const auto* blocked = std::get_if<SingleInstance::Blocked>(&claim)) {
-        errorLog.error("Another Dwellkey does not answer and cannot be ended.", blocked->cause);
-        return EXIT_FAILURE;
-    }
-    // Held until everything else is gone: the next Dwellkey finds the keys free.
-    std::unique_ptr<SingleInstance> instance;
-    if (const auto* unavailable = std::get_if<SingleInstance::Unavailable>(&claim)) {
-        errorLog.error("Starting Dwellkey again will not find this one.", unavailable->cause);
-    } else {
-        instance = std::get<std::unique_ptr<SingleInstance>>(std::move(claim));
-    }
-    return run(argc, argv, errorLog, std::move(launch), instance.get());
+    auto* instance = std::get<std::unique_ptr<SingleInstance>>(claim).get();
+    return run(argc, argv, errorLog, std::move(launch), instance);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
@@ -93,6 +94,15 @@ Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> termina
         setHandler(SIG_DFL);
         watch->cancel();
         close(std::exchange(wakeUp, -1));
+    });
+}
+
+Subscription onRelease(Platform& platform, std::function<void()> released) {
+    constexpr std::chrono::milliseconds interval{20}; // between two looks at the keys
+    return platform.runLoop.repeat(interval, [&platform, released = std::move(released)] {
+        if (!platform.hotKeys.confirmPressed()) {
+            released();
+        }
     });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/platform.h"
 #include "platform/run_loop.h"
 #include "support/signal.h"
 
@@ -17,6 +18,10 @@ void catchTerminationSignals();
 /// asked since catchTerminationSignals(). Once in a process; it must be cancelled before the loop
 /// goes.
 Subscription onTerminationSignal(RunLoop& runLoop, std::function<void()> terminate);
+
+/// Runs `released` once no hot key is held. Its keys are likely still down when somebody asks us to
+/// end by one: without us, its repeats would reach the next window, and quit that.
+[[nodiscard]] Subscription onRelease(Platform& platform, std::function<void()> released);
 
 /// Runs `ended` when somebody exits the process from the middle of the loop, as the libraries below
 /// the toolkit do when they find the display gone before we do. Everything that we made still

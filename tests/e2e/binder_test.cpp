@@ -172,6 +172,24 @@ TEST_P(Binder, closeHeld_closesTheFrontWindowOfWhoeverIsInFrontAtTheEnd) {
     EXPECT_EQ(first.count("close-request"), 0U);
 }
 
+TEST_P(Binder, quitHeldInItsOwnWindow_endsItAndNobodyElse) {
+    install("one");
+    BinderProgram program(desktop);
+    Probe one = show("one");
+    awaitGuarding(program);
+    const auto again = desktop.start({Desktop::built("dwellkey-binder")});
+    EXPECT_EQ(again->awaitEnd(), (ExitStatus{0, {}})) << "one is enough for a display";
+    screen.await("the preferences to be brought forward", [&] {
+        return screen.activeWindow() == screen.windowTitled("Dwellkey Preferences");
+    });
+    pressShortcut();
+    screen.await("the window to close",
+                 [&] { return !screen.windowTitled("Dwellkey Preferences"); });
+    keyboard.releaseAll();
+    EXPECT_EQ(program.process().awaitEnd(), (ExitStatus{0, {}}));
+    EXPECT_EQ(one.count("close-request"), 0U);
+}
+
 TEST_P(Binder, fileManagerInFront_isGuardedForItsWindowsOnly) {
     desktop.setFileManager("pcmanfm.desktop");
     install("one");

@@ -4,6 +4,7 @@
 #include "binder/timer_window_controller.h"
 #include "binder/windows/about_window_controller.h"
 #include "binder/windows/intro_view_controller.h"
+#include "binder/windows/open_panel.h"
 #include "binder/windows/panel_window.h"
 #include "binder/windows/preferences_window_controller.h"
 #include "binder/windows/progress_bar.h"
@@ -17,8 +18,11 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDir>
 #include <QDoubleSpinBox>
+#include <QFile>
 #include <QLabel>
+#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -160,9 +164,34 @@ TEST_F(PreferencesWindow, holdTime_isWhatTheDelayLeaves) {
     platform.userDefaults.setFromOutside("delay", std::int64_t{1});
     EXPECT_EQ(field.value(), 1.25);
     platform.userDefaults.setFromOutside("delay", 3.0);
-    EXPECT_EQ(field.cleanText().toStdString(), "") << "no time would be true";
+    EXPECT_EQ(field.text().toStdString(), "Never");
     EXPECT_EQ(*platform.userDefaults.find("delay"), DefaultsValue(3.0))
         << "showing changes nothing";
+    field.stepUp();
+    EXPECT_EQ(field.text().toStdString(), "0.25 seconds");
+    EXPECT_EQ(*platform.userDefaults.find("delay"), DefaultsValue(2.0));
+    platform.userDefaults.setFromOutside("delay", 2.2);
+    EXPECT_EQ(field.text().toStdString(), "0.05 seconds") << "true, though not to be chosen";
+}
+
+TEST_F(PreferencesWindow, chooser_startsWhereTheMostApplicationsAre) {
+    const QTemporaryDir data;
+    const std::pair<QLatin1String, int> folders[] = {
+        {QLatin1String("few"), 1}, {QLatin1String("most"), 3}, {QLatin1String("last"), 2}};
+    QStringList dirs;
+    for (const auto& [name, count] : folders) {
+        dirs << data.filePath(name);
+        ASSERT_TRUE(QDir().mkpath(dirs.back() + QStringLiteral("/applications")));
+        for (int i = 0; i < count; ++i) {
+            QFile entry(QStringLiteral("%1/applications/%2.desktop").arg(dirs.back()).arg(i));
+            ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
+        }
+    }
+    const QByteArray before = qgetenv("XDG_DATA_DIRS");
+    qputenv("XDG_DATA_DIRS", dirs.join(u':').toUtf8());
+    EXPECT_EQ(applicationsFolder(),
+              data.filePath(QStringLiteral("most/applications")).toStdString());
+    qputenv("XDG_DATA_DIRS", before);
 }
 
 TEST_F(PreferencesWindow, recorders_showAndChangeTheStoredShortcuts) {
@@ -179,7 +208,8 @@ TEST_F(PreferencesWindow, recorders_showAndChangeTheStoredShortcuts) {
     quit.press(RecorderSegment::shortcut);
     EXPECT_THAT(binder.broken, ElementsAre("quitShortcut")) << "the old one must not fire";
     quit.keyDown({12U, eventFlags({Modifier::command}), false});
-    EXPECT_EQ(storedKeyCommand(platform.userDefaults, KeyCommand::Name("quitShortcut")),
+    EXPECT_EQ(std::get<KeyCommandContent>(
+                  *storedKeyCommand(platform.userDefaults, KeyCommand::Name("quitShortcut"))),
               (KeyCommandContent{Key::q, {Modifier::command}, KeyCommand::Name("quitShortcut")}));
     quit.keyUp({12U, 0, false});
     binder.setBindingFailure("quitShortcut", ShortcutBinder::Failure{eventHotKeyExistsErr, false});

@@ -6,10 +6,12 @@
 #include "platform/user_default.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDoubleSpinBox>
 #include <QSignalBlocker>
 #include <QVariant>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -35,22 +37,30 @@ double rounded(double value, int decimals) {
     return std::round(value * factor) / factor;
 }
 
+/// For what is below the smallest number that can be chosen.
+QString textBelowRange(const QDoubleSpinBox& box, double value) {
+    return value < 0.0 ? QCoreApplication::translate("DefaultsBindings", "Never")
+                       : box.textFromValue(value) + box.suffix();
+}
+
 Subscription bindNumber(QDoubleSpinBox& box, UserDefaults& userDefaults, const std::string& key) {
     const QVariant minuend = box.property("minuend");
     const auto converted = [minuend](double value) { // its own inverse
         return minuend.isValid() ? minuend.toDouble() - value : value;
     };
-    const auto show = [&box, &userDefaults, key, converted] {
+    const auto show = [&box, &userDefaults, key, converted, lowest = box.minimum(),
+                       highest = box.maximum()] {
         const double value = converted(UserDefault<double>(userDefaults, key, 0.0).get());
         const QSignalBlocker silence(box);
+        // What is stored is shown, also where nobody could choose it here.
+        box.setRange(std::min(value, lowest), std::max(value, highest));
+        box.setSpecialValueText(value < lowest ? textBelowRange(box, value) : QString());
         box.setValue(value);
-        if (!(value >= box.minimum() && value <= box.maximum())) {
-            box.clear(); // better no number than a wrong one
-        }
     };
     QObject::connect(&box, &QDoubleSpinBox::valueChanged, &box,
-                     [&box, &userDefaults, key, converted](double value) {
-                         userDefaults.set(key, rounded(converted(value), box.decimals()));
+                     [&box, &userDefaults, key, converted, lowest = box.minimum()](double value) {
+                         userDefaults.set(
+                             key, rounded(converted(std::max(value, lowest)), box.decimals()));
                      });
     show();
     return userDefaults.observe(key, [show](DefaultsChange) { show(); });

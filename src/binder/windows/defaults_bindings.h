@@ -17,7 +17,8 @@ namespace dwellkey {
 /// - an ArrayController: its content, a list of texts
 /// - a combo box: the index of its choice; no choice for a value that has none
 /// - a spin box of fractions: the number, or, with the property "minuend", what is left of that
-///   after the number is subtracted; blank for one outside its range
+///   after the number is subtracted. One outside its range is shown and cannot be chosen; one below
+///   zero is "Never"
 ///
 /// Any other widget with the property is a mistake in the file and ends the process. `fileName` is
 /// for its message. The store must outlive the widgets.

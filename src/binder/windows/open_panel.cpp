@@ -51,12 +51,16 @@ OpenPanelResult runModal(const OpenPanel& panel, QWidget* window) {
 }
 
 std::string applicationsFolder() {
-    const QStringList folders =
-        QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
-    // The user's own come first, those of the system last.
-    const auto last = std::find_if(folders.rbegin(), folders.rend(),
-                                   [](const QString& folder) { return QDir(folder).exists(); });
-    return last == folders.rend() ? "/" : last->toStdString();
+    QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
+    if (folders.size() > 1) {
+        folders.removeFirst(); // the user's own
+    }
+    // Display managers, package systems and desktops add folders of a few entries anywhere.
+    const auto entryCount = [](const QString& folder) {
+        return QDir(folder).entryList({QStringLiteral("*.desktop")}, QDir::Files).size();
+    };
+    const auto most = std::ranges::max_element(folders, {}, entryCount);
+    return most == folders.end() || !QDir(*most).exists() ? "/" : most->toStdString();
 }
 
 } // namespace dwellkey

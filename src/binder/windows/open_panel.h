@@ -33,7 +33,8 @@ using OpenPanelRunner = std::function<OpenPanelResult(const OpenPanel& panel, QW
 /// With the desktop's own dialog.
 OpenPanelResult runModal(const OpenPanel& panel, QWidget* window);
 
-/// Where the desktop keeps the entries of the applications that all users have.
+/// Where the desktop keeps the entries of the applications that all users have: of several folders
+/// the one with the most; "/" where there is none.
 std::string applicationsFolder();
 
 } // namespace dwellkey

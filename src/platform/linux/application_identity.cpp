@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unistd.h>
 #include <utility>
 #include <variant>
 
@@ -38,6 +39,12 @@ ApplicationIdentity ApplicationIdentifier::identify(const WindowFacts& window) c
         identity.isFileManager |= isFileManager(*application);
     } else if (!window.className.empty()) {
         identity.bundleIdentifier = window.className;
+    }
+    if (!identity.bundleUrl && window.process == getpid()) {
+        // We are an application like any other, also where no entry of ours is installed.
+        if (const auto executable = processes_.executable(*window.process)) {
+            identity.bundleUrl = Url::fromPath(*executable);
+        }
     }
     if (!identity.localizedName) {
         identity.localizedName = fallbackName(window);

@@ -25,7 +25,7 @@ struct WindowFacts {
 
 struct ApplicationIdentity {
     std::optional<std::string> bundleIdentifier;
-    std::optional<Url> bundleUrl;             ///< of the desktop entry
+    std::optional<Url> bundleUrl;             ///< of the desktop entry; our own at least
     std::optional<std::string> localizedName; ///< as displayName makes it
     bool isFileManager = false;
     bool operator==(const ApplicationIdentity&) const = default;

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <map>
+#include <unistd.h>
 
 namespace dwellkey {
 namespace {
@@ -27,7 +28,7 @@ public:
     ScriptedProcess seven;
 
     std::optional<std::string> executable(pid_t process) const override {
-        return process == 7 ? seven.executable : std::nullopt;
+        return process == 7 || process == getpid() ? seven.executable : std::nullopt;
     }
     std::vector<std::string> commandLine(pid_t process) const override {
         return process == 7 ? seven.commandLine : std::vector<std::string>{};
@@ -127,6 +128,14 @@ TEST_F(ApplicationIdentityTest, unlisted_program_is_named_by_its_window_class) {
     EXPECT_EQ(identifier_.identify({}), ApplicationIdentity{});
 }
 
+TEST_F(ApplicationIdentityTest, this_program_has_a_location_without_an_entry) {
+    processes_.seven.executable = "/opt/ours/bin/ours";
+    WindowFacts window = windowOf("ours", "Ours");
+    EXPECT_EQ(identifier_.identify(window).bundleUrl, std::nullopt);
+    window.process = getpid();
+    EXPECT_EQ(identifier_.identify(window).bundleUrl, Url::fromPath("/opt/ours/bin/ours"));
+}
+
 TEST_F(ApplicationIdentityTest, program_started_in_a_terminal_does_not_pass_for_the_terminal) {
     install("usr/applications/term.desktop", "Exec=/usr/bin/term\nCategories=TerminalEmulator;");
     const std::string entry = scratch_ / "usr/applications/term.desktop";
@@ -177,7 +186,7 @@ TEST_F(ApplicationIdentityTest, file_manager_is_the_folder_handler_or_the_deskto
     installProgram("bin/files");
     install("usr/applications/files-handler.desktop",
             "Exec=files %U\nNoDisplay=true\nMimeType=inode/directory;");
-    install("usr/applications/files.desktop", "Exec=files --browser %U");
+    install("usr/applications/files.desktop", "Exec=files --browser %U\nCategories=FileManager;");
     install("usr/applications/editor.desktop", "Exec=editor");
     EXPECT_TRUE(identifier_.identify(windowOf("files-handler", "")).isFileManager);
     EXPECT_TRUE(identifier_.identify(windowOf("files", "Files")).isFileManager);
