@@ -47,6 +47,13 @@
     </message>
 </context>
 <context>
+    <name>DefaultsBindings</name>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+</context>
+<context>
     <name>DelaySlider</name>
     <message>
         <source>%1 seconds</source>
@@ -247,6 +254,10 @@
     <message>
         <source>System Settings › Keyboard › Keyboard Shortcuts</source>
         <translation>Systemeinstellungen › Tastatur › Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>The stored shortcut cannot be read. Record it again.</source>
+        <translation>Das gespeicherte Tastenkürzel ist nicht lesbar. Nehmen Sie es neu auf.</translation>
     </message>
 </context>
 <context>

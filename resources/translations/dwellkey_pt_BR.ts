@@ -47,6 +47,13 @@
     </message>
 </context>
 <context>
+    <name>DefaultsBindings</name>
+    <message>
+        <source>Never</source>
+        <translation>Nunca</translation>
+    </message>
+</context>
+<context>
     <name>DelaySlider</name>
     <message>
         <source>%1 seconds</source>
@@ -247,6 +254,10 @@
     <message>
         <source>System Settings › Keyboard › Keyboard Shortcuts</source>
         <translation>Configurações do sistema › Teclado › Atalhos de teclado</translation>
+    </message>
+    <message>
+        <source>The stored shortcut cannot be read. Record it again.</source>
+        <translation>O atalho salvo não pode ser lido. Grave-o novamente.</translation>
     </message>
 </context>
 <context>

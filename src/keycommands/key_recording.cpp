@@ -93,8 +93,7 @@ std::string KeyRecording::failureText() const {
         return localizer.localized("KeyRecorder", "This keyboard cannot type this shortcut.");
     case RegistrationFailure::unreadable:
         return localizer.localized("KeyRecorder",
-                                   "What is stored for this shortcut cannot be read. "
-                                   "Nothing is guarded until you record it again.");
+                                   "The stored shortcut cannot be read. Record it again.");
     case RegistrationFailure::serviceFailed:
         break;
     }
