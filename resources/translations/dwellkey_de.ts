@@ -68,11 +68,11 @@
     </message>
     <message>
         <source>You can access your %1 Preferences by clicking the %1 menu bar item.</source>
-        <translation>Die Einstellungen von %1 öffnen Sie mit einem Klick auf das %1-Symbol in der Menüleiste.</translation>
+        <translation>Die Einstellungen von %1 öffnen Sie mit einem Klick auf das Symbol von %1 in der Taskleiste.</translation>
     </message>
     <message>
         <source>This desktop has no place for it. Start %1 again to open the Preferences.</source>
-        <translation>Dieser Desktop hat dafür keinen Platz. Starten Sie %1 noch einmal, um die Einstellungen zu öffnen.</translation>
+        <translation>Dieser Desktop zeigt keine Programmsymbole an. Starten Sie %1 noch einmal aus dem Anwendungsmenü, um die Einstellungen zu öffnen.</translation>
     </message>
     <message>
         <source>Open Preferences...</source>
@@ -567,11 +567,11 @@
     </message>
     <message>
         <source>Show menu bar icon</source>
-        <translation>Symbol in der Menüleiste anzeigen</translation>
+        <translation>Symbol in der Taskleiste anzeigen</translation>
     </message>
     <message>
         <source>Use the Dwellkey application in Finder to make this window visible again.</source>
-        <translation>Öffnen Sie die Anwendung Dwellkey im Finder, um dieses Fenster wieder anzuzeigen.</translation>
+        <translation>Um dieses Fenster wieder anzuzeigen, starten Sie Dwellkey aus dem Anwendungsmenü.</translation>
     </message>
     <message>
         <source>On this desktop: start Dwellkey again, for example from the applications menu.</source>

@@ -68,11 +68,11 @@
     </message>
     <message>
         <source>You can access your %1 Preferences by clicking the %1 menu bar item.</source>
-        <translation>Para abrir as preferências do %1, clique no ícone do %1 na barra de menus.</translation>
+        <translation>Para abrir as preferências do %1, clique no ícone do %1 na bandeja do sistema.</translation>
     </message>
     <message>
         <source>This desktop has no place for it. Start %1 again to open the Preferences.</source>
-        <translation>Esta área de trabalho não tem lugar para ele. Inicie o %1 novamente para abrir as preferências.</translation>
+        <translation>Este ambiente não tem bandeja do sistema. Inicie o %1 novamente pelo menu de aplicativos para abrir as preferências.</translation>
     </message>
     <message>
         <source>Open Preferences...</source>
@@ -567,11 +567,11 @@
     </message>
     <message>
         <source>Show menu bar icon</source>
-        <translation>Mostrar ícone na barra de menus</translation>
+        <translation>Mostrar ícone na bandeja do sistema</translation>
     </message>
     <message>
         <source>Use the Dwellkey application in Finder to make this window visible again.</source>
-        <translation>Use o aplicativo Dwellkey no Finder para mostrar esta janela novamente.</translation>
+        <translation>Para ver esta janela de novo, inicie o Dwellkey pelo menu de aplicativos.</translation>
     </message>
     <message>
         <source>On this desktop: start Dwellkey again, for example from the applications menu.</source>

@@ -35,6 +35,16 @@ TEST(TranslationsTest, english_isNotPassedOverForALanguageWithAFile) {
     EXPECT_EQ(quitTitleFor({QStringLiteral("en-GB"), QStringLiteral("de")}), "Hold to Quit App");
 }
 
+TEST(TranslationsTest, english_isInTheWordsOfThisDesktop_andForWhoeverHasNoFile) {
+    for (const char* language : {"en-GB", "C", "fr-FR"}) {
+        const QtTranslations translations({QLatin1String(language), QStringLiteral("C")},
+                                          {QStringLiteral(DWELLKEY_TRANSLATIONS)});
+        EXPECT_EQ(QtLocalizer().localized("dwellkey::PreferencesView", "Show menu bar icon"),
+                  "Show icon in the tray")
+            << language;
+    }
+}
+
 TEST(TranslationsTest, toolkit_speaksTheSameLanguage) {
     const QtTranslations translations({QStringLiteral("de")},
                                       {QStringLiteral(DWELLKEY_TRANSLATIONS)});

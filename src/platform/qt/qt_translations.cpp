@@ -24,7 +24,7 @@ QtTranslations::QtTranslations(const QStringList& languages, const QStringList& 
         // Without this, who reads English before German would get German.
         if (name == QLatin1String("en") || name.startsWith(QLatin1String("en_"))
             || name == QLatin1String("C")) {
-            return;
+            break;
         }
         if (load(QStringLiteral("dwellkey_") + name, folders)) {
             load(QStringLiteral("qtbase_") + name,
@@ -32,6 +32,8 @@ QtTranslations::QtTranslations(const QStringList& languages, const QStringList& 
             return;
         }
     }
+    // The texts of the sources are English, too, but not all of them in the words of this desktop.
+    load(QStringLiteral("dwellkey_en"), folders);
 }
 
 QStringList QtTranslations::defaultFolders() {

@@ -187,7 +187,7 @@ void ApplicationPicker::chooseFile() {
     auto* dialog = new QFileDialog(this, tr("Choose Application"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilters({tr("Applications (*.desktop)"), tr("All files (*)")});
+    dialog->setNameFilter(tr("Applications (*.desktop)"));
     connect(dialog, &QFileDialog::urlSelected, this, &ApplicationPicker::finish);
     dialog->open();
 }

@@ -252,19 +252,22 @@ void PreferencesView::refreshAlert() {
         }
         return;
     }
-    if (alert_ == nullptr) {
+    const bool isNew = alert_ == nullptr;
+    if (isNew) {
         alert_ = new QMessageBox(QMessageBox::Warning, {}, {}, QMessageBox::NoButton, this);
         alert_->setAttribute(Qt::WA_DeleteOnClose);
         alert_->setTextFormat(Qt::PlainText);
         alert_->addButton(tr("OK"), QMessageBox::AcceptRole);
         connect(alert_, &QDialog::finished, this,
                 [this] { alertManager_.isAlertPresented = false; });
-        alert_->open(); // window-modal
     }
     const QString title = QString::fromStdString(alertManager_.title.get());
     alert_->setWindowTitle(title);
     alert_->setText(title);
     alert_->setInformativeText(QString::fromStdString(alertManager_.message.get()));
+    if (isNew) {
+        alert_->open(); // window-modal; placed by the size that it has now
+    }
 }
 
 void PreferencesView::addLocation(const QUrl& location) {
