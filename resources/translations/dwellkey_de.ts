@@ -192,10 +192,6 @@
         <source>Keypad %1</source>
         <translation>Ziffernblock %1</translation>
     </message>
-    <message>
-        <source>⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super</source>
-        <translation>⌘ ist Strg, ⌥ ist Alt, ⇧ ist Umschalt, ⌃ ist Super</translation>
-    </message>
 </context>
 <context>
     <name>KeyRecorder</name>
@@ -496,10 +492,6 @@
         <source>Applications (*.desktop)</source>
         <translation>Anwendungen (*.desktop)</translation>
     </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>Alle Dateien (*)</translation>
-    </message>
 </context>
 <context>
     <name>dwellkey::AppsListView</name>
@@ -572,10 +564,6 @@
     <message>
         <source>Use the Dwellkey application in Finder to make this window visible again.</source>
         <translation>Um dieses Fenster wieder anzuzeigen, starten Sie Dwellkey aus dem Anwendungsmenü.</translation>
-    </message>
-    <message>
-        <source>On this desktop: start Dwellkey again, for example from the applications menu.</source>
-        <translation>Auf diesem Desktop: Starten Sie Dwellkey noch einmal, zum Beispiel aus dem Anwendungsmenü.</translation>
     </message>
     <message>
         <source>OK</source>

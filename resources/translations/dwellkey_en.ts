@@ -185,10 +185,6 @@
         <source>Keypad %1</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>KeyRecorder</name>
@@ -485,10 +481,6 @@
         <source>Applications (*.desktop)</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>All files (*)</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>dwellkey::AppsListView</name>
@@ -561,10 +553,6 @@
     <message>
         <source>Use the Dwellkey application in Finder to make this window visible again.</source>
         <translation>To see this window again, start Dwellkey from the applications menu.</translation>
-    </message>
-    <message>
-        <source>On this desktop: start Dwellkey again, for example from the applications menu.</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>OK</source>

@@ -192,10 +192,6 @@
         <source>Keypad %1</source>
         <translation>%1 do teclado numérico</translation>
     </message>
-    <message>
-        <source>⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super</source>
-        <translation>⌘ é Ctrl, ⌥ é Alt, ⇧ é Shift, ⌃ é Super</translation>
-    </message>
 </context>
 <context>
     <name>KeyRecorder</name>
@@ -496,10 +492,6 @@
         <source>Applications (*.desktop)</source>
         <translation>Aplicativos (*.desktop)</translation>
     </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>Todos os arquivos (*)</translation>
-    </message>
 </context>
 <context>
     <name>dwellkey::AppsListView</name>
@@ -572,10 +564,6 @@
     <message>
         <source>Use the Dwellkey application in Finder to make this window visible again.</source>
         <translation>Para ver esta janela de novo, inicie o Dwellkey pelo menu de aplicativos.</translation>
-    </message>
-    <message>
-        <source>On this desktop: start Dwellkey again, for example from the applications menu.</source>
-        <translation>Nesta área de trabalho: inicie o Dwellkey novamente, por exemplo pelo menu de aplicativos.</translation>
     </message>
     <message>
         <source>OK</source>

@@ -128,8 +128,4 @@ std::string nativeName(Key key, const Modifiers& modifiers, const KeyboardLayout
     return name + nativeName(key, layout, localizer);
 }
 
-std::string modifierLegend(const Localizer& localizer) {
-    return localizer.localized("KeyNames", "⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super");
-}
-
 } // namespace dwellkey

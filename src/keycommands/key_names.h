@@ -22,7 +22,4 @@ namespace dwellkey {
 [[nodiscard]] std::string nativeName(Key key, const Modifiers& modifiers,
                                      const KeyboardLayout& layout, const Localizer& localizer);
 
-/// The line that explains the symbols: "⌘ is Ctrl, ⌥ is Alt, ⇧ is Shift, ⌃ is Super".
-[[nodiscard]] std::string modifierLegend(const Localizer& localizer);
-
 } // namespace dwellkey

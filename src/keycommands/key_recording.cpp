@@ -69,6 +69,10 @@ RecorderImage KeyRecording::image() const {
     return shortcut_->isRegistered() ? RecorderImage::delete_ : RecorderImage::record;
 }
 
+bool KeyRecording::showsCombination() const {
+    return state_ == RecordingState::idle && shortcut_->isRegistered();
+}
+
 std::string KeyRecording::nativeName() const {
     const auto key = shortcut_->key();
     const Modifiers modifiers = shortcut_->modifiers();
@@ -103,8 +107,7 @@ std::string KeyRecording::failureText() const {
 std::string KeyRecording::accessibleName(RecorderSegment segment) const {
     const Localizer& localizer = platform_.localizer;
     if (segment == RecorderSegment::shortcut) {
-        const bool showsCombination = state_ == RecordingState::idle && shortcut_->isRegistered();
-        return showsCombination ? nativeName() : label();
+        return showsCombination() ? nativeName() : label();
     }
     switch (image()) {
     case RecorderImage::delete_:

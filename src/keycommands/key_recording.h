@@ -49,6 +49,10 @@ public:
     [[nodiscard]] RecorderImage image() const;
     /// The combination in the desktop's words ("Ctrl+Q"); "" while there is none.
     [[nodiscard]] std::string nativeName() const;
+
+    /// Whether the first segment shows a combination, not an invitation.
+    [[nodiscard]] bool showsCombination() const;
+
     /// Why the combination could not be registered, or read, for the user; "" when it could, or
     /// while recording.
     [[nodiscard]] std::string failureText() const;

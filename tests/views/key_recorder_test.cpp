@@ -87,15 +87,15 @@ protected:
 };
 
 TEST_F(KeyRecorderTest, segments_followTheCommand_andTheCommandFollowsThem) {
-    EXPECT_EQ(shortcut.text(), QStringLiteral("⌘q"));
+    EXPECT_EQ(shortcut.text(), QStringLiteral("Ctrl+Q"));
     const QImage whenSet = picture(button);
     shortcut.click();
     EXPECT_EQ(shortcut.text(), QStringLiteral("Type shortcut"));
     const QImage whileRecording = picture(button);
     type(Qt::Key_W, Qt::ControlModifier, Key::w);
-    EXPECT_EQ(shortcut.text(), QStringLiteral("⌘w"));
+    EXPECT_EQ(shortcut.text(), QStringLiteral("Ctrl+W"));
     EXPECT_THAT(registered(), ElementsAre(commandW));
-    EXPECT_EQ(visibleCaptions(), QStringList(QStringLiteral("Ctrl+W")));
+    EXPECT_THAT(visibleCaptions(), IsEmpty());
     button.click();
     EXPECT_EQ(shortcut.text(), QStringLiteral("Record shortcut"));
     EXPECT_THAT(registered(), IsEmpty());
@@ -106,7 +106,7 @@ TEST_F(KeyRecorderTest, segments_followTheCommand_andTheCommandFollowsThem) {
     quit.setKey(Key::f4); // from elsewhere
     quit.setModifiers({Modifier::option});
     quit.enable();
-    EXPECT_EQ(shortcut.text(), QStringLiteral("⌥F4"));
+    EXPECT_EQ(shortcut.text(), QStringLiteral("Alt+F4"));
 }
 
 TEST_F(KeyRecorderTest, keyboardAlone_reachesBothSegments_andRecords) {
@@ -119,7 +119,7 @@ TEST_F(KeyRecorderTest, keyboardAlone_reachesBothSegments_andRecords) {
     typeSpace();
     EXPECT_TRUE(isRecording());
     type(Qt::Key_Tab, Qt::ControlModifier, Key::tab);
-    EXPECT_EQ(shortcut.text(), QStringLiteral("⌘⇥"));
+    EXPECT_EQ(shortcut.text(), QStringLiteral("Ctrl+Tab"));
     EXPECT_TRUE(button.hasFocus());
 }
 
@@ -138,7 +138,7 @@ TEST_F(KeyRecorderTest, whileRecording_everyKeyOfTheApplicationIsTheRecorders) {
     type(Qt::Key_AltGr, Qt::NoModifier, Key::isoSection);
     EXPECT_EQ(platform.beeper.beepCount, 2) << "modifiers alone are no keys";
     type(Qt::Key_X, Qt::MetaModifier | Qt::AltModifier | Qt::ShiftModifier, Key::x);
-    EXPECT_EQ(shortcut.text(), QStringLiteral("⌃⌥⇧x"));
+    EXPECT_EQ(shortcut.text(), QStringLiteral("Super+Alt+Shift+X"));
     platform.runLoop.advance(std::chrono::milliseconds(50));
     field.setFocus();
     QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
@@ -206,13 +206,12 @@ TEST_F(KeyRecorderTest, takenCombination_isToldUnderTheRecorder_untilTheWindowFi
     type(Qt::Key_W, Qt::ControlModifier, Key::w);
     EXPECT_EQ(shortcut.text(), QStringLiteral("Record shortcut"));
     EXPECT_EQ(visibleCaptions(),
-              (QStringList{QStringLiteral("Ctrl+W"),
-                           QStringLiteral("Another program has taken this shortcut.")}));
+              QStringList(QStringLiteral("Ctrl+W: Another program has taken this shortcut.")));
     platform.hotKeys.giveBackByOther(commandW);
     QEvent activated(QEvent::WindowActivate);
     QApplication::sendEvent(&window, &activated);
-    EXPECT_EQ(shortcut.text(), QStringLiteral("⌘w"));
-    EXPECT_EQ(visibleCaptions(), QStringList(QStringLiteral("Ctrl+W")));
+    EXPECT_EQ(shortcut.text(), QStringLiteral("Ctrl+W"));
+    EXPECT_THAT(visibleCaptions(), IsEmpty());
 }
 
 TEST_F(KeyRecorderTest, longTexts_widenTheRecorder) {

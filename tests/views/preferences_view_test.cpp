@@ -227,6 +227,24 @@ TEST_F(PreferencesViewTest, alert_closesWithItsFlagAndWaitsForTheWindow) {
     EXPECT_EQ(alert()->informativeText().toStdString(), "Again.");
 }
 
+TEST_F(PreferencesViewTest, alert_hasItsTextsBeforeItIsPlaced) {
+    class FirstText final : public QObject {
+    public:
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (const auto* box = qobject_cast<QMessageBox*>(watched);
+                box != nullptr && event->type() == QEvent::Show) {
+                text = box->informativeText();
+            }
+            return false;
+        }
+        QString text;
+    } first;
+    qApp->installEventFilter(&first);
+    alertManager.showAlert("Login Item Error", "No luck.");
+    turn();
+    EXPECT_EQ(first.text, QStringLiteral("No luck."));
+}
+
 TEST_F(PreferencesViewTest, picker_showsRunningOnesFirstAndAddsTheChoice) {
     for (const char* name : {"Calculator", "Zoo", "Web"}) {
         platform.applicationCatalog.listed.push_back({entry(name), name, name, {"icon"}});

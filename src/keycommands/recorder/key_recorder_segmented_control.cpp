@@ -96,7 +96,13 @@ void KeyRecorderSegmentedControl::followApplication() {
 }
 
 QString KeyRecorderSegmentedControl::label() const {
-    return label_ ? *label_ : QString::fromStdString(recording_.label());
+    if (label_) {
+        return *label_;
+    }
+    // The model has symbols that no key of this desktop bears.
+    const std::string name =
+        recording_.showsCombination() ? recording_.nativeName() : std::string();
+    return QString::fromStdString(name.empty() ? recording_.label() : name);
 }
 
 void KeyRecorderSegmentedControl::setLabel(const QString& label) {

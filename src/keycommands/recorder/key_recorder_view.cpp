@@ -13,7 +13,6 @@
 namespace dwellkey {
 namespace {
 constexpr const char* styleProperty = "keyRecorderBezelStyle";
-constexpr int nameSpacing = 8;
 constexpr int failureSpacing = 2;
 
 /// Keeps its order from left to right where the language has another.
@@ -32,20 +31,13 @@ KeyRecorderView::KeyRecorderView(KeyCommand keyCommand, Platform& platform, QWid
 KeyRecorderView::KeyRecorderView(std::unique_ptr<RecordableShortcut> shortcut, Platform& platform,
                                  QWidget* parent)
     : QWidget(parent), recorder_(new KeyRecorder(std::move(shortcut), platform, this)),
-      nativeName_(new SecondaryLabel({}, regularFont, this)),
       failure_(new SecondaryLabel({}, regularFont, this)) {
-    nativeName_->setWordWrap(false);
     failure_->setWordWrap(false);
     recorder_->hasBackingView = true;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(failureSpacing);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(nameSpacing);
-    row->addWidget(recorder_);
-    row->addWidget(nativeName_);
-    row->addStretch();
-    column->addLayout(row);
+    column->addWidget(recorder_, 0, Qt::AlignLeading);
     column->addWidget(failure_);
     setFocusProxy(recorder_);
     changes_ = recorder_->segmentedControl().recording().didChange.subscribe([this] { refresh(); });
@@ -54,9 +46,12 @@ KeyRecorderView::KeyRecorderView(std::unique_ptr<RecordableShortcut> shortcut, P
 
 void KeyRecorderView::refresh() {
     const KeyRecording& recording = recorder_->segmentedControl().recording();
-    nativeName_->setText(isolated(QString::fromStdString(recording.nativeName())));
     const QString failure = QString::fromStdString(recording.failureText());
-    failure_->setText(failure);
+    const QString name = QString::fromStdString(recording.nativeName());
+    failure_->setText(name.isEmpty() || failure.isEmpty()
+                          ? failure
+                          : KeyRecorderSegmentedControl::tr("%1: %2", "purpose: shortcut")
+                                .arg(isolated(name), failure));
     failure_->setVisible(!failure.isEmpty());
 }
 

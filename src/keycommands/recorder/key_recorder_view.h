@@ -8,10 +8,9 @@ class QLabel;
 
 namespace dwellkey {
 
-/// A recorder, beside it the native name of its combination ("Ctrl+Q") in small gray text, and
-/// under it, when the combination could not be registered, the reason. The first segment is its
-/// focus proxy, so it may be a label's buddy. The accessible name that a window sets on it ("Quit
-/// App Shortcut") leads the names of its segments.
+/// A recorder, and under it, when its combination could not be registered, which and why. The first
+/// segment is its focus proxy, so it may be a label's buddy. The accessible name that a window sets
+/// on it ("Quit App Shortcut") leads the names of its segments.
 class KeyRecorderView final : public QWidget {
     Q_OBJECT
 
@@ -32,7 +31,6 @@ private:
     void refresh();
 
     KeyRecorder* recorder_;
-    QLabel* nativeName_;
     QLabel* failure_;
     Subscription changes_;
 };

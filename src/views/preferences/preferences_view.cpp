@@ -115,8 +115,6 @@ QLayout* PreferencesView::makeShortcutRows() {
     static_cast<QVBoxLayout*>(rows)->addLayout(form);
     rows->addWidget(new SecondaryLabel(
         tr("Choose the keyboard shortcuts that you would like Dwellkey to override.")));
-    rows->addWidget(
-        new SecondaryLabel(QString::fromStdString(modifierLegend(platform_.localizer))));
     return rows;
 }
 
@@ -156,8 +154,6 @@ QLayout* PreferencesView::makeMenuBarRows() {
     lines->setSpacing(captionSpacing);
     lines->addWidget(new SecondaryLabel(
         tr("Use the Dwellkey application in Finder to make this window visible again.")));
-    lines->addWidget(new SecondaryLabel(
-        tr("On this desktop: start Dwellkey again, for example from the applications menu.")));
     rows->addLayout(makeIndented(captions, *showsMenuBarIcon_));
     return rows;
 }
