@@ -61,6 +61,34 @@
     </message>
 </context>
 <context>
+    <name>HoldLesson</name>
+    <message>
+        <source>That is all.</source>
+        <translation>Das ist alles.</translation>
+    </message>
+    <message>
+        <source>Try it: here it closes nothing.</source>
+        <translation>Probieren Sie es aus: Hier wird nichts geschlossen.</translation>
+    </message>
+    <message>
+        <source>Hold %1 for %2 seconds to quit.</source>
+        <extracomment>%1 is a key combination, %2 a number of seconds such as 2 or 1.4</extracomment>
+        <translation>Halten Sie zum Beenden %1 %2 Sekunden lang gedrückt.</translation>
+    </message>
+    <message>
+        <source>%1 is not guarded: another program has taken it, or this keyboard lacks it.</source>
+        <translation>%1 wird nicht bewacht: Ein anderes Programm hat die Tasten belegt, oder sie fehlen auf dieser Tastatur.</translation>
+    </message>
+    <message>
+        <source>Hold %1 for %2 seconds to close a window.</source>
+        <translation>Halten Sie zum Schließen eines Fensters %1 %2 Sekunden lang gedrückt.</translation>
+    </message>
+    <message>
+        <source>No shortcut is guarded yet: set one in the Preferences.</source>
+        <translation>Noch wird kein Tastenkürzel bewacht. Legen Sie in den Einstellungen eines fest.</translation>
+    </message>
+</context>
+<context>
     <name>IntroView</name>
     <message>
         <source>Welcome to %1</source>

@@ -61,6 +61,34 @@
     </message>
 </context>
 <context>
+    <name>HoldLesson</name>
+    <message>
+        <source>That is all.</source>
+        <translation>É só isso.</translation>
+    </message>
+    <message>
+        <source>Try it: here it closes nothing.</source>
+        <translation>Experimente: aqui nada será fechado.</translation>
+    </message>
+    <message>
+        <source>Hold %1 for %2 seconds to quit.</source>
+        <extracomment>%1 is a key combination, %2 a number of seconds such as 2 or 1.4</extracomment>
+        <translation>Segure %1 por %2 segundos para encerrar o aplicativo.</translation>
+    </message>
+    <message>
+        <source>%1 is not guarded: another program has taken it, or this keyboard lacks it.</source>
+        <translation>%1 não está protegido: outro programa já usa essas teclas ou elas não existem neste teclado.</translation>
+    </message>
+    <message>
+        <source>Hold %1 for %2 seconds to close a window.</source>
+        <translation>Segure %1 por %2 segundos para fechar uma janela.</translation>
+    </message>
+    <message>
+        <source>No shortcut is guarded yet: set one in the Preferences.</source>
+        <translation>Nenhum atalho está protegido ainda: defina um nas preferências.</translation>
+    </message>
+</context>
+<context>
     <name>IntroView</name>
     <message>
         <source>Welcome to %1</source>

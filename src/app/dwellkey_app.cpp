@@ -60,16 +60,16 @@ void DwellkeyApp::desktopIsGone(std::string_view cause) {
 
 void DwellkeyApp::declareWindows() {
     QtWindowHost& host = backend_.windowHost();
-    host.declare("IntroView", [this] { openLazily(introView_); });
+    host.declare("IntroView", [this] { openLazily(introView_, KeyboardShortcutsModel::shared()); });
     host.declare("AboutView", [this] { openLazily(aboutView_); });
     host.declare("PreferencesView", [this] { preferencesView().open(); });
     host.declare("TimerView", [this] { timerView().open(); });
 }
 
-template <typename Window>
-void DwellkeyApp::openLazily(std::unique_ptr<Window>& window) {
+template <typename Window, typename... Models>
+void DwellkeyApp::openLazily(std::unique_ptr<Window>& window, Models&... models) {
     if (!window) {
-        window = std::make_unique<Window>(backend_.platform());
+        window = std::make_unique<Window>(models..., backend_.platform());
         // While one of our windows is in front; the preferences need it only where they are not.
         auto* preferences = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), window.get());
         QObject::connect(preferences, &QShortcut::activated, window.get(),

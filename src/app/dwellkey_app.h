@@ -41,8 +41,8 @@ public:
 private:
     void declareWindows();
     [[noreturn]] void desktopIsGone(std::string_view cause);
-    template <typename Window>
-    void openLazily(std::unique_ptr<Window>& window);
+    template <typename Window, typename... Models>
+    void openLazily(std::unique_ptr<Window>& window, Models&... models);
     TimerView& timerView();
     PreferencesView& preferencesView();
     void followTimerView();

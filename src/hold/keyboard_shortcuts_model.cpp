@@ -59,7 +59,7 @@ void KeyboardShortcutsModel::observeCommands() {
 }
 
 void KeyboardShortcutsModel::quitKeyDown() {
-    if (timerManager.preferencesViewModel.isFrontmostAppGuarded()) {
+    if (timerManager.isHoldDue()) {
         timerManager.startTimer(CloseMethod::quitApp);
         return;
     }
@@ -72,7 +72,7 @@ void KeyboardShortcutsModel::quitKeyDown() {
 }
 
 void KeyboardShortcutsModel::closeKeyDown() {
-    if (timerManager.preferencesViewModel.isFrontmostAppGuarded()) {
+    if (timerManager.isHoldDue()) {
         timerManager.startTimer(CloseMethod::closeWindow);
     } else {
         timerManager.closeFrontWindow();

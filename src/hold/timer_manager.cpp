@@ -42,6 +42,8 @@ void TimerManager::startTimer(CloseMethod method) {
     const bool closesWindow = method == CloseMethod::closeWindow || isFinderFrontmost();
     timerViewTitle = closesWindow ? "Hold to Close Window" : "Hold to Quit App";
     isTimerViewAside = false;
+    isRehearsal_ = isRehearsalDue();
+    wasRehearsed = false;
     isTimerViewVisible = true;
     hold_ = {hold_.number + 1,
              platform_.clock.now(),
@@ -57,6 +59,21 @@ void TimerManager::stopHold() {
     isTimerViewVisible = false;
 }
 
+void TimerManager::setRehearsing(bool rehearses) {
+    if (rehearses == isRehearsing_) {
+        return;
+    }
+    // What began as the one must not end as the other.
+    stopHold();
+    wasRehearsed = false;
+    isRehearsing_ = rehearses;
+}
+
+bool TimerManager::isRehearsalDue() const {
+    const auto frontmost = isRehearsing_ ? platform_.workspace.frontmostApplication() : nullptr;
+    return frontmost != nullptr && frontmost->isOurselves();
+}
+
 bool TimerManager::isRunning(std::uint64_t number) const {
     return timer_.isActive() && hold_.number == number;
 }
@@ -68,12 +85,12 @@ bool TimerManager::hasLostAnApplication() const {
 }
 
 /// The user may switch between applications, and means the last one. But the one that comes to the
-/// front because the other ended was never meant.
+/// front because the other ended was never meant, nor is one by somebody who rehearses.
 void TimerManager::followFrontmost() {
     if (!timer_.isActive()) {
         return;
     }
-    if (hasLostAnApplication()) {
+    if (hasLostAnApplication() || isRehearsal_ != isRehearsalDue()) {
         stopHold();
     } else {
         hold_.applications.push_back(platform_.workspace.frontmostApplication());
@@ -101,7 +118,10 @@ void TimerManager::confirmAndComplete(std::uint64_t number) {
     if (!isRunning(number)) {
         return;
     }
-    if (keysAreDown && isStillMeant && preferencesViewModel.isFrontmostAppGuarded()) {
+    if (keysAreDown && isRehearsal_) {
+        stopHold();
+        wasRehearsed = true;
+    } else if (keysAreDown && isStillMeant && preferencesViewModel.isFrontmostAppGuarded()) {
         completeHold();
     } else {
         stopHold();

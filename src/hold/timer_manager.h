@@ -35,6 +35,8 @@ public:
     Published<std::string> timerViewTitle{*this, "Hold to Quit App"};
     /// True while an alert is open that came of the hold: its panel would cover it.
     Published<bool> isTimerViewAside{*this, false};
+    /// True from the end of a rehearsed hold until the next hold begins or rehearsing ends.
+    Published<bool> wasRehearsed{*this, false};
 
     /// Not changed by the engine: a running hold carries its own method.
     CloseMethod closeMethod = CloseMethod::quitApp;
@@ -43,7 +45,16 @@ public:
 
     /// Whether the panel belongs on the screen.
     [[nodiscard]] bool isPanelWanted() const {
-        return isTimerViewVisible.get() && !isTimerViewAside.get();
+        return isTimerViewVisible.get() && !isTimerViewAside.get() && !isRehearsal_;
+    }
+
+    /// While rehearsing, a hold over this program's own windows fills `progress` and acts on
+    /// nobody, whatever is in scope, and has no panel: one of those windows shows it. Other
+    /// applications are guarded as always. A hold that runs at a change of this ends.
+    void setRehearsing(bool rehearses);
+    /// Whether a press of a guarded shortcut begins a hold now. Allocates nothing.
+    [[nodiscard]] bool isHoldDue() const {
+        return isRehearsalDue() || preferencesViewModel.isFrontmostAppGuarded();
     }
 
     /// Begins a hold; one that is running is replaced and starts over from zero.
@@ -70,6 +81,7 @@ private:
     };
 
     [[nodiscard]] bool isRunning(std::uint64_t number) const;
+    [[nodiscard]] bool isRehearsalDue() const;
     [[nodiscard]] bool hasLostAnApplication() const;
     void followFrontmost();
     void tick(std::uint64_t number);
@@ -81,7 +93,9 @@ private:
     Platform& platform_;
     std::optional<std::string> closeWindowScript_; // absent: reported when it is needed
     Hold hold_;                                    // the latest one, running or not
-    Subscription timer_;                           // active: `hold_` is running
+    bool isRehearsing_ = false;
+    bool isRehearsal_ = false; // what `hold_` is
+    Subscription timer_;       // active: `hold_` is running
     Subscription activation_;
 };
 

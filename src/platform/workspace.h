@@ -41,6 +41,9 @@ public:
     /// asked to quit.
     [[nodiscard]] virtual bool isFileManager() const = 0;
 
+    /// Whether it is this program.
+    [[nodiscard]] virtual bool isOurselves() const = 0;
+
     /// Whether the user has nothing of it any more: no window is left. Asks the display.
     [[nodiscard]] virtual bool isTerminated() const = 0;
 

@@ -16,7 +16,7 @@ namespace dwellkey {
 namespace {
 
 void introduction(const Look& look) {
-    IntroView window(Desktop::shared().fake.platform());
+    IntroView window(Desktop::shared().shortcuts, Desktop::shared().fake.platform());
     Desktop::shared().show(window, look);
 }
 

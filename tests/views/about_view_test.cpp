@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "views/about/about_view.h"
 
+#include "hold/panel/timer_progress_bar.h"
 #include "offscreen.h"
 #include "platform/fake/fake_platform.h"
 #include "views/about/intro_view.h"
@@ -35,6 +36,20 @@ protected:
 
     FakePlatform& shared = sharedPlatform();
     FakePlatform fake;
+    AlertManager alerts;
+    PreferencesViewModel preferences{fake.platform(), alerts};
+    AppStateManager appState{fake.platform()};
+    TimerManager timer{fake.platform(), preferences};
+    KeyCommandRegistry registry{fake.platform()};
+    KeyboardShortcutsModel shortcuts{fake.platform(), timer, appState, registry};
+
+    static QString texts(const QWidget& window) {
+        QStringList all;
+        for (const auto* label : window.findChildren<QLabel*>()) {
+            all += label->text();
+        }
+        return all.join(QLatin1Char('\n'));
+    }
     /// Installs the help page; its path.
     std::string installPage() {
         fake.bundleReader.resources["help/index.html"] = "<html>";
@@ -75,7 +90,7 @@ TEST_F(AboutViewTest, support_withoutPageOrBrowser_saysWhy) {
 }
 
 TEST_F(AboutViewTest, introduction_leadsToThePreferences) {
-    IntroView window(fake.platform());
+    IntroView window(shortcuts, fake.platform());
     window.open();
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Dwellkey"));
     EXPECT_EQ(window.minimumSize(), window.maximumSize());
@@ -84,14 +99,45 @@ TEST_F(AboutViewTest, introduction_leadsToThePreferences) {
 }
 
 TEST_F(AboutViewTest, introduction_saysHowToComeBack_whileNoBarHostsTheItem) {
-    IntroView window(fake.platform());
-    const auto* wayBack = window.findChild<SecondaryLabel*>();
+    IntroView window(shortcuts, fake.platform());
+    const auto* wayBack = window.findChild<SecondaryLabel*>(QStringLiteral("wayBack"));
     window.open();
     EXPECT_FALSE(wayBack->isVisible());
     fake.menuBarExtra.setHosted(false);
     EXPECT_TRUE(wayBack->isVisible());
     fake.menuBarExtra.setHosted(true);
     EXPECT_FALSE(wayBack->isVisible());
+}
+
+TEST_F(AboutViewTest, introduction_saysWhatIsGuarded_asItIsNow) {
+    shortcuts.quitApplicationCommand.setKey(Key::q);
+    shortcuts.quitApplicationCommand.setModifiers({Modifier::command});
+    IntroView window(shortcuts, fake.platform());
+    EXPECT_THAT(texts(window).toStdString(), HasSubstr("Hold Ctrl+Q for 2 seconds to quit."));
+    preferences.setDelayUntilActivation(1.4);
+    shortcuts.quitApplicationCommand.setModifiers({Modifier::command, Modifier::shift});
+    fake.runLoop.runPosted();
+    EXPECT_THAT(texts(window).toStdString(), HasSubstr("Shift+Q for 1.4 seconds"));
+    shortcuts.quitApplicationCommand.remove();
+    fake.runLoop.runPosted();
+    EXPECT_THAT(texts(window).toStdString(), HasSubstr("No shortcut is guarded yet"));
+}
+
+TEST_F(AboutViewTest, introduction_fillsItsBarWithTheHold) {
+    shortcuts.quitApplicationCommand.setKey(Key::q);
+    shortcuts.quitApplicationCommand.setModifiers({Modifier::command});
+    IntroView window(shortcuts, fake.platform());
+    // By its name: without a meta-object of its own, its type would match any widget.
+    const auto* bar =
+        static_cast<TimerProgressBar*>(window.findChild<QWidget*>(QStringLiteral("holdBar")));
+    fake.workspace.launchInFront("dwellkey")->ourselves = true;
+    timer.setRehearsing(true);
+    fake.hotKeys.press(12, 0x100);
+    fake.runLoop.advance(std::chrono::seconds(1));
+    EXPECT_NEAR(bar->progress(), 0.5, 0.01);
+    fake.runLoop.advance(std::chrono::milliseconds(1100));
+    EXPECT_EQ(bar->progress(), 1.0);
+    EXPECT_THAT(texts(window).toStdString(), HasSubstr("That is all."));
 }
 
 } // namespace

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] const std::optional<Url>& bundleUrl() const override { return url; }
     [[nodiscard]] const std::optional<std::string>& localizedName() const override { return name; }
     [[nodiscard]] bool isFileManager() const override { return fileManager; }
+    [[nodiscard]] bool isOurselves() const override { return ourselves; }
     [[nodiscard]] bool isTerminated() const override { return terminated; }
     void terminate() override {
         ++terminateCount;
@@ -41,6 +42,7 @@ public:
     std::optional<std::string> name;
     std::optional<Url> url;
     bool fileManager = false;
+    bool ourselves = false;
     bool terminated = false;
     int terminateCount = 0;
     /// What the application does when it is asked to quit; nothing: it refuses.

@@ -43,6 +43,10 @@ X11RunningApplication::X11RunningApplication(X11Window window, ApplicationIdenti
     : window_(std::move(window)), identity_(std::move(identity)), windows_(windows),
       actions_(actions), terminateOurselves_(terminateOurselves) {}
 
+bool X11RunningApplication::isOurselves() const {
+    return window_.process == getpid();
+}
+
 void X11RunningApplication::terminate() {
     if (window_.actions && window_.process) {
         actions_.activate(
@@ -51,7 +55,7 @@ void X11RunningApplication::terminate() {
         return;
     }
     requestCloseOfAll(windows_, window_);
-    if (terminateOurselves_ && window_.process == getpid()) {
+    if (terminateOurselves_ && isOurselves()) {
         terminateOurselves_(); // we live on without windows
     }
 }

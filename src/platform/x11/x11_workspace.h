@@ -39,6 +39,7 @@ public:
         return identity_.localizedName;
     }
     [[nodiscard]] bool isFileManager() const override { return identity_.isFileManager; }
+    [[nodiscard]] bool isOurselves() const override;
     [[nodiscard]] bool isTerminated() const override;
     void terminate() override;
 

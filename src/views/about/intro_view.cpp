@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "views/about/intro_view.h"
 
+#include "views/about/hold_lesson.h"
 #include "views/about/icon_picture.h"
 #include "views/about/product_labels.h"
 #include "views/common/fonts.h"
@@ -38,7 +39,8 @@ QLabel* plainText(const QString& text) {
 } // namespace
 
 // The name of the product is its title in every language.
-IntroView::IntroView(Platform& platform) : FixedWindow(QString::fromLatin1(productName)) {
+IntroView::IntroView(KeyboardShortcutsModel& shortcuts, Platform& platform)
+    : FixedWindow(QString::fromLatin1(productName)), lesson_(new HoldLesson(shortcuts, platform)) {
     const QString name = QString::fromLatin1(productName);
     auto* title = plainText(tr("Welcome to %1").arg(name));
     title->setFont(fontFor(titleFont, QFont::Medium));
@@ -48,6 +50,7 @@ IntroView::IntroView(Platform& platform) : FixedWindow(QString::fromLatin1(produ
     auto* wayBack = new SecondaryLabel(
         tr("This desktop has no place for it. Start %1 again to open the Preferences.").arg(name),
         regularFont, this);
+    wayBack->setObjectName(QStringLiteral("wayBack"));
     wayBack->setAlignment(Qt::AlignCenter);
     const auto showWayBack = [&platform, wayBack] {
         wayBack->setVisible(!platform.menuBarExtra.isHosted());
@@ -64,6 +67,8 @@ IntroView::IntroView(Platform& platform) : FixedWindow(QString::fromLatin1(produ
     stack->addWidget(title);
     stack->addWidget(divider());
     stack->addSpacing(2);
+    stack->addWidget(lesson_);
+    stack->addSpacing(14);
     stack->addWidget(explanation);
     stack->addWidget(wayBack);
     stack->addSpacing(14);
@@ -77,6 +82,16 @@ IntroView::IntroView(Platform& platform) : FixedWindow(QString::fromLatin1(produ
     grid->setColumnMinimumWidth(0, defaultSize.width() - 2 * padding);
     grid->setRowMinimumHeight(0, defaultSize.height() - 2 * padding);
     grid->addLayout(stack, 0, 0);
+}
+
+void IntroView::showEvent(QShowEvent* event) {
+    FixedWindow::showEvent(event);
+    lesson_->setOpen(true);
+}
+
+void IntroView::hideEvent(QHideEvent* event) {
+    FixedWindow::hideEvent(event);
+    lesson_->setOpen(false);
 }
 
 } // namespace dwellkey

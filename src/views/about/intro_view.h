@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "hold/keyboard_shortcuts_model.h"
 #include "platform/platform.h"
 #include "support/signal.h"
 #include "views/common/fixed_window.h"
@@ -9,15 +10,23 @@
 
 namespace dwellkey {
 
-/// Greets at the first launch and says where the preferences are.
+class HoldLesson;
+
+/// Greets at the first launch, shows what holding keys does, and says where the preferences are.
 class IntroView final : public FixedWindow {
     Q_DECLARE_TR_FUNCTIONS(IntroView)
 
 public:
-    /// The platform must outlive the window.
-    explicit IntroView(Platform& platform = Platform::shared());
+    /// Both must outlive the window.
+    explicit IntroView(KeyboardShortcutsModel& shortcuts = KeyboardShortcutsModel::shared(),
+                       Platform& platform = Platform::shared());
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
+    HoldLesson* lesson_;
     Subscription hostingChanges_;
 };
 

@@ -66,5 +66,55 @@ TEST_F(ShortcutActions, modelGone_hearsNoPressAnyMore) {
     expectIdle();
 }
 
+TEST_F(ShortcutActions, rehearsedHold_actsOnNobody) {
+    const auto ourselves = inFront("dwellkey");
+    ourselves->ourselves = true;
+    timer_.setRehearsing(true);
+    pressQuit();
+    EXPECT_FALSE(timer_.isPanelWanted());
+    advance(1s);
+    EXPECT_GT(timer_.progress.get(), 0.4);
+    advance(2s);
+    EXPECT_EQ(ourselves->terminateCount, 0);
+    EXPECT_TRUE(timer_.wasRehearsed);
+    expectIdle();
+    releaseQuit();
+    pressClose();
+    EXPECT_FALSE(timer_.wasRehearsed);
+    advance(3s);
+    EXPECT_EQ(closedWindows(), 0U);
+    EXPECT_TRUE(timer_.wasRehearsed);
+    releaseClose();
+
+    const auto editor = inFront("editor");
+    pressQuit();
+    advance(1s);
+    desktop_.workspace.setFrontmost(ourselves); // neither the one nor the other
+    advance(2s);
+    EXPECT_EQ(editor->terminateCount + ourselves->terminateCount, 0);
+    releaseQuit();
+    desktop_.workspace.setFrontmost(editor);
+    pressQuit();
+    advance(2s);
+    EXPECT_EQ(editor->terminateCount, 1) << "others are guarded as always";
+}
+
+// Somebody who holds the keys while the introduction comes or goes has meant neither.
+TEST_F(ShortcutActions, rehearsalThatBeginsOrEnds_endsTheHold) {
+    const auto editor = inFront("editor");
+    for (const bool rehearses : {true, false}) {
+        pressQuit();
+        advance(1s);
+        timer_.setRehearsing(rehearses);
+        expectIdle();
+        advance(2s);
+        releaseQuit();
+    }
+    EXPECT_EQ(editor->terminateCount, 0);
+    pressQuit();
+    advance(3s);
+    EXPECT_EQ(editor->terminateCount, 1);
+}
+
 } // namespace
 } // namespace dwellkey
